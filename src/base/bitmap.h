@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+// Pixel memory: 32 bits a pixel, 0xFFRRGGBB, rows from the top, no gap between rows.
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <vector>
+
+#include "base/rectangle.h"
+
+namespace sorvex {
+
+/// One pixel: 0xFFRRGGBB. The top byte is always FF, so that a toolkit may take the memory as an opaque picture.
+using Pixel = std::uint32_t;
+
+inline constexpr Pixel kBlack = 0xFF000000;
+inline constexpr Pixel kWhite = 0xFFFFFFFF;
+
+class Bitmap {
+ public:
+  Bitmap() = default;
+  explicit Bitmap(Size size, Pixel fill = kBlack)
+      : size_(size), pixels_(static_cast<std::size_t>(size.width) * static_cast<std::size_t>(size.height), fill) {}
+
+  Size Extent() const { return size_; }
+  Rectangle Bounds() const { return Rectangle::At(0, 0, size_); }
+  int Width() const { return size_.width; }
+  int Height() const { return size_.height; }
+
+  /// Row `y`, from 0 at the top; `y` must lie inside.
+  Pixel* Row(int y) { return pixels_.data() + Offset(y); }
+  const Pixel* Row(int y) const { return pixels_.data() + Offset(y); }
+  Pixel At(int x, int y) const { return Row(y)[x]; }
+
+  std::span<const Pixel> Pixels() const { return pixels_; }
+  bool operator==(const Bitmap&) const = default;
+
+ private:
+  std::size_t Offset(int y) const { return static_cast<std::size_t>(y) * static_cast<std::size_t>(size_.width); }
+
+  Size size_;
+  std::vector<Pixel> pixels_;
+};
+
+}  // namespace sorvex

@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: MIT
+// Finding and reading the files of themes.
+#include "base/files.h"
+
+#include <filesystem>
+#include <fstream>
+
+#include "base/text.h"
+
+namespace sorvex {
+namespace {
+
+namespace fs = std::filesystem;
+
+fs::path ToPath(std::string_view utf8) {
+  return {std::u8string(reinterpret_cast<const char8_t*>(utf8.data()), utf8.size())};
+}
+
+std::string ToText(const fs::path& path) {
+  const std::u8string text = path.u8string();
+  return {reinterpret_cast<const char*>(text.data()), text.size()};
+}
+
+// Opening a pipe would wait for its writer, and a folder opens on some systems: only plain files count.
+std::ifstream OpenPlainFile(const std::string& path) {
+  std::error_code error;
+  if (!fs::is_regular_file(ToPath(path), error)) return {};
+  return std::ifstream(ToPath(path), std::ios::binary);
+}
+
+}  // namespace
+
+std::string JoinPath(std::string_view folder, std::string_view name) { return ToText(ToPath(folder) / ToPath(name)); }
+
+std::string FindFile(std::string_view folder, std::string_view name) {
+  const std::string named = JoinPath(folder, name);
+  std::error_code error;
+  if (fs::exists(ToPath(named), error)) return named;
+  std::optional<std::string> found;
+  for (auto entry = fs::directory_iterator(ToPath(folder), error); !error && entry != fs::directory_iterator();
+       entry.increment(error)) {
+    if (!EqualIgnoringCase(ToText(entry->path().filename()), name)) continue;
+    if (found) return named;
+    found = ToText(entry->path());
+  }
+  return found.value_or(named);
+}
+
+std::optional<std::string> ReadFile(const std::string& path, std::uintmax_t limit) {
+  std::ifstream file = OpenPlainFile(path);
+  std::error_code error;
+  const std::uintmax_t size = fs::file_size(ToPath(path), error);
+  if (!file.is_open() || error || size > limit) return std::nullopt;
+  std::string bytes(static_cast<std::size_t>(size), '\0');
+  file.read(bytes.data(), static_cast<std::streamsize>(size));
+  if (file.bad()) return std::nullopt;
+  bytes.resize(static_cast<std::size_t>(file.gcount()));
+  return bytes;
+}
+
+}  // namespace sorvex
+
+namespace sorvex::ModFileExist {
+
+bool FileExists(const std::string& path) { return OpenPlainFile(path).is_open(); }
+
+}  // namespace sorvex::ModFileExist

@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+// Reading files: paths are UTF-8 (on Linux: the file system's own bytes).
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace sorvex {
+
+/// `folder` + separator + `name`.
+std::string JoinPath(std::string_view folder, std::string_view name);
+
+/// The path of the file `name` in `folder`: as named when that exists, else the one file whose name differs only in
+/// case. With none, or with several of which no choice is better than another, the path as named.
+std::string FindFile(std::string_view folder, std::string_view name);
+
+/// The whole file, nullopt when it cannot be opened or read or is longer than `limit` bytes.
+std::optional<std::string> ReadFile(const std::string& path, std::uintmax_t limit);
+
+}  // namespace sorvex
+
+namespace sorvex::ModFileExist {
+
+/// True when the file can be opened for reading (a folder cannot, nor can a pipe or a device).
+bool FileExists(const std::string& path);
+
+}  // namespace sorvex::ModFileExist

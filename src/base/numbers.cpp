@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: MIT
+// Rounding, range checks and the plain decimal text form of numbers, whatever the locale.
+#include "base/numbers.h"
+
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <limits>
+
+#include "base/runtime_error.h"
+
+namespace sorvex {
+namespace {
+
+bool IsBlank(char c) { return c == ' ' || c == '\t'; }
+bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+
+template <class Whole>
+Whole Checked(double value) {
+  const double rounded = RoundHalfEven(value);
+  if (!(rounded >= std::numeric_limits<Whole>::min() && rounded <= std::numeric_limits<Whole>::max()))
+    throw Overflow();
+  return static_cast<Whole>(rounded);
+}
+
+// The longest number at the start of `text` (sign, digits, a period, digits); empty when there is no digit.
+std::string_view NumberPrefix(std::string_view text) {
+  std::size_t at = 0;
+  if (at < text.size() && (text[at] == '+' || text[at] == '-')) ++at;
+  std::size_t digits = 0;
+  while (at < text.size() && IsDigit(text[at])) ++at, ++digits;
+  if (at < text.size() && text[at] == '.') {
+    ++at;
+    while (at < text.size() && IsDigit(text[at])) ++at, ++digits;
+  }
+  return digits == 0 ? std::string_view() : text.substr(0, at);
+}
+
+std::string_view WithoutLeadingBlanks(std::string_view text) {
+  while (!text.empty() && IsBlank(text.front())) text.remove_prefix(1);
+  return text;
+}
+
+}  // namespace
+
+double RoundHalfEven(double value) {
+  const double below = std::floor(value);
+  const double fraction = value - below;
+  if (fraction != 0.5) return fraction < 0.5 ? below : below + 1;
+  return std::fmod(below, 2) == 0 ? below : below + 1;
+}
+
+Integer ToInteger(double value) { return Checked<Integer>(value); }
+Long ToLong(double value) { return Checked<Long>(value); }
+
+double LeadingNumber(std::string_view text) {
+  std::string_view number = NumberPrefix(WithoutLeadingBlanks(text));
+  if (!number.empty() && number.front() == '+') number.remove_prefix(1);
+  double value = 0;
+  const auto [end, error] =
+      std::from_chars(number.data(), number.data() + number.size(), value, std::chars_format::fixed);
+  if (error == std::errc::result_out_of_range)
+    return number.front() == '-' ? -std::numeric_limits<double>::infinity() : std::numeric_limits<double>::infinity();
+  return value;
+}
+
+bool IsNumber(std::string_view text) {
+  text = WithoutLeadingBlanks(text);
+  while (!text.empty() && IsBlank(text.back())) text.remove_suffix(1);
+  return !text.empty() && NumberPrefix(text).size() == text.size();
+}
+
+std::string NumberText(double value) {
+  std::array<char, 32> text{};
+  const auto [end, error] =
+      std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::general, 15);
+  return {text.data(), end};
+}
+
+}  // namespace sorvex

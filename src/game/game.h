@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: MIT
+// What the game's procedures work on, in one parameter.
+#pragma once
+
+#include "game/mod_variables.h"
+#include "platform/desktop.h"
+#include "ui/main_window.h"
+
+namespace sorvex {
+
+struct Game {
+  Desktop& desktop;
+  frmMain& form;
+  modVariables& state;
+};
+
+}  // namespace sorvex

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+// The state of a game in progress: the item table, the target, what is current, what ends the frame loop.
+#pragma once
+
+#include <array>
+#include <string>
+
+#include "base/numbers.h"
+#include "base/runtime_error.h"
+
+namespace sorvex {
+
+/// A fixed array counted from 0; an index outside is error 9.
+template <class T, int N>
+class Slots {
+ public:
+  T& operator()(Long index) { return values_[Checked(index)]; }
+  const T& operator()(Long index) const { return values_[Checked(index)]; }
+
+ private:
+  static std::size_t Checked(Long index) {
+    if (index < 0 || index >= N) throw SubscriptOutOfRange();
+    return static_cast<std::size_t>(index);
+  }
+  std::array<T, N> values_{};
+};
+
+inline constexpr int kMostItems = 21;
+inline constexpr char kDefaultTheme[] = "Theme1";
+
+/// What a theme load makes anew. Positions are top-left corners in pixels of the play field.
+struct ItemTable {
+  Long LastItem = -1;  ///< highest item number; -1: no items
+  Slots<Integer, kMostItems> ItemX, ItemY;
+  Slots<Integer, kMostItems> ContX, ContY;
+  Slots<bool, kMostItems> ItemInPlay, ContInPlay;
+};
+
+struct modVariables : ItemTable {
+  Slots<Integer, 5> PlainX, PlainY;  ///< the target; only element 0 is used
+  Integer CurItem = 0;               ///< picked up, dragged, tested, sent back
+  Integer CurCont = 0;               ///< drawn, and taken out of play with the item put in
+  bool GameEnded = false;            ///< a frame loop that finds it set after its event delivery leaves at once
+  std::string ThemeName;             ///< the current theme's folder, beside the executable
+
+  /// Where the Start command stands. A Start that comes while it plays ends that game and asks for a new one; one that
+  /// comes while it prepares is the game being prepared.
+  enum class Start { Idle, Preparing, Playing } StartCommand = Start::Idle;
+  bool NewGameWanted = false;
+};
+
+}  // namespace sorvex

@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: MIT
+// What setting a property does, for every front end alike: auto-size, persistent images, frames, rounding to pixels.
+#include "platform/controls.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include "platform/desktop.h"
+
+namespace sorvex {
+namespace {
+
+int ToPixels(float value) { return static_cast<int>(RoundHalfEven(value)); }
+
+// Copies `source` onto `target` at (0, 0), as far as it fits.
+void CopyOnto(Bitmap& target, const Bitmap& source) {
+  const int width = std::min(target.Width(), source.Width());
+  for (int y = 0; y < std::min(target.Height(), source.Height()); ++y)
+    std::copy_n(source.Row(y), width, target.Row(y));
+}
+
+}  // namespace
+
+Size PictureBox::OuterSize() const { return {ToPixels(Width), ToPixels(Height)}; }
+
+Size PictureBox::ScaleSize() const {
+  const Size outer = OuterSize();
+  const int frame = 2 * FrameWidth(BorderStyle);
+  return {std::max(0, outer.width - frame), std::max(0, outer.height - frame)};
+}
+
+void PictureBox::SetPicture(Picture picture) {
+  picture_ = std::move(picture);
+  if (picture_ && AutoSize) {
+    const int frame = 2 * FrameWidth(BorderStyle);
+    Width = static_cast<float>(picture_->pixels.Width() + frame);
+    Height = static_cast<float>(picture_->pixels.Height() + frame);
+  }
+  drawn_ = !picture_ || picture_->pixels.Extent() != ScaleSize();
+  if (drawn_) Materialize();
+}
+
+void PictureBox::Resize(float width, float height) {
+  const Size before = ScaleSize();
+  Width = width;
+  Height = height;
+  if (ScaleSize() == before) return;
+  Bitmap resized(ScaleSize(), Background);
+  CopyOnto(resized, Image());
+  own_ = std::move(resized);
+  drawn_ = true;
+}
+
+Bitmap& PictureBox::Drawing() {
+  if (!drawn_) Materialize();
+  return own_;
+}
+
+void PictureBox::Materialize() {
+  own_ = Bitmap(ScaleSize(), Background);
+  if (picture_) CopyOnto(own_, picture_->pixels);
+  drawn_ = true;
+}
+
+void Label::SetCaption(Desktop& desktop, std::string caption) {
+  Caption = std::move(caption);
+  if (AutoSize) FitToText(desktop);
+}
+
+void Label::FitToText(Desktop& desktop) {
+  const Size size = desktop.MeasureText(Font, Caption, WordWrap ? ToPixels(Width) : 0);
+  if (!WordWrap) Width = static_cast<float>(size.width);
+  Height = static_cast<float>(size.height);
+}
+
+Size ClientSize(const Form& form, Size twipsPerPixel) {
+  const FrameMetrics frame = MetricsOf(form.Border);
+  const int width = ToPixels(form.Width / static_cast<float>(twipsPerPixel.width));
+  const int height = ToPixels(form.Height / static_cast<float>(twipsPerPixel.height));
+  return {std::max(0, width - 2 * frame.side), std::max(0, height - frame.top - frame.side)};
+}
+
+void SetClientSize(Form& form, Size client, Size twipsPerPixel) {
+  const FrameMetrics frame = MetricsOf(form.Border);
+  form.Width = static_cast<float>((client.width + 2 * frame.side) * twipsPerPixel.width);
+  form.Height = static_cast<float>((client.height + frame.top + frame.side) * twipsPerPixel.height);
+}
+
+Rectangle PixelBounds(const Control& control) {
+  return Rectangle::At(ToPixels(control.Left), ToPixels(control.Top),
+                       {ToPixels(control.Width), ToPixels(control.Height)});
+}
+
+void PaintDesign(Desktop& desktop, Form& form) {
+  for (Control* control : form.Controls) {
+    auto* surface = dynamic_cast<PictureBox*>(control);
+    if (surface == nullptr) continue;
+    surface->Background = desktop.ResolveColor(surface->BackColor);
+    surface->SetPicture(surface->DesignPicture == BuiltIn::None ? nullptr
+                                                                : desktop.BuiltInPicture(surface->DesignPicture));
+  }
+}
+
+}  // namespace sorvex
