@@ -64,6 +64,7 @@ void PictureBox::Materialize() {
 }
 
 void Label::SetCaption(Desktop& desktop, std::string caption) {
+  if (caption == Caption) return;
   Caption = std::move(caption);
   if (AutoSize) FitToText(desktop);
 }

@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: MIT
+// The game itself: one run from Start to the last item put in.
+#pragma once
+
+#include "game/game.h"
+
+namespace sorvex {
+
+/// Composes and presents frames as fast as it can, tests the current item after each, delivers events once a frame and
+/// shows the time, until every item is put in, StopRendering or GameEnded is set, or an error has been shown.
+void RenderLoop(Game& game);
+
+/// Seconds between two tick counts, rounded half up to hundredths. Throws Overflow (6) when the difference is no Long.
+double ElapsedSeconds(Long start, Long now);
+
+}  // namespace sorvex

@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: MIT
+// Between the highscore panel's captions and HighScores.ini: thirty quoted fields, one a line.
+#include "highscores/highscore_table.h"
+
+#include <cstdint>
+#include <optional>
+
+#include "base/files.h"
+#include "base/text.h"
+#include "highscores/field_reader.h"
+
+namespace sorvex {
+namespace {
+
+constexpr std::uintmax_t kLongestFile = 1 << 20;
+
+const HighScore& DefaultRow() {
+  static const HighScore row{"Nobody", "00/00/00", "100"};
+  return row;
+}
+
+std::string PathOf(Desktop& desktop, const std::string& themeName) {
+  return FindFile(JoinPath(desktop.ProgramFolder(), themeName), "HighScores.ini");
+}
+
+std::string Quoted(const std::string& field) { return '"' + field + "\"\r\n"; }
+
+}  // namespace
+
+HighScore HighScoreAt(const frmMain& form, int row) {
+  return {form.lblHighName(row).Caption, form.lblHighDate(row).Caption, form.lblHighTime(row).Caption};
+}
+
+void SetHighScore(Desktop& desktop, frmMain& form, int row, const HighScore& score) {
+  form.lblHighName(row).SetCaption(desktop, score.name);
+  form.lblHighDate(row).SetCaption(desktop, score.date);
+  form.lblHighTime(row).SetCaption(desktop, score.time);
+}
+
+void LoadHighScores(Desktop& desktop, frmMain& form, const std::string& themeName) {
+  for (int row = 0; row < kHighScoreRows; ++row) SetHighScore(desktop, form, row, DefaultRow());
+  const std::optional<std::string> bytes = ReadFile(PathOf(desktop, themeName), kLongestFile);
+  if (!bytes) {
+    desktop.ShowMessage("Highscore file not found", "File not found", BoxIcon::Exclamation);
+    return;
+  }
+  const std::string text = DecodeText(*bytes);
+  FieldReader fields(text);
+  for (int row = 0; row < kHighScoreRows; ++row) {
+    HighScore score;
+    score.name = fields.Next().value_or("");
+    score.date = fields.Next().value_or("");
+    score.time = fields.Next().value_or("");
+    SetHighScore(desktop, form, row, score.time.empty() ? DefaultRow() : score);
+  }
+}
+
+void SaveHighScores(Desktop& desktop, const frmMain& form, const std::string& themeName) {
+  std::string text;
+  for (int row = 0; row < kHighScoreRows; ++row) {
+    const HighScore score = HighScoreAt(form, row);
+    text += Quoted(score.name) + Quoted(score.date) + Quoted(score.time);
+  }
+  desktop.WriteWholeFile(PathOf(desktop, themeName), text);
+}
+
+}  // namespace sorvex

@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+// Building, showing and hiding the highscore panel.
+#include "highscores/panel.h"
+
+#include "highscores/highscore_table.h"
+
+namespace sorvex {
+namespace {
+
+void AddRow(Desktop& desktop, ControlArray<Label>& column, int row, const std::string& caption) {
+  Label& label = column.Load(row);
+  // The pitch comes from the designed height, so the caption, which may change the height, is set after.
+  label.Top = column(row - 1).Top + label.Height + 2;
+  label.SetCaption(desktop, caption);
+  label.Visible = true;
+}
+
+}  // namespace
+
+void BuildHighScoreRows(Desktop& desktop, frmMain& form) {
+  if (form.lblHighNum.Count() > 1) return;
+  for (int row = 1; row < kHighScoreRows; ++row) {
+    AddRow(desktop, form.lblHighNum, row, std::to_string(row + 1) + ". ");
+    AddRow(desktop, form.lblHighName, row, "n");
+    AddRow(desktop, form.lblHighDate, row, "d");
+    AddRow(desktop, form.lblHighTime, row, "190");
+  }
+}
+
+void cmdShowHighscores_Click(Desktop& desktop, frmMain& form, const std::string& themeName) {
+  LoadHighScores(desktop, form, themeName);
+  form.picHighScores.Visible = true;
+}
+
+void cmdHideScores_Click(frmMain& form) { form.picHighScores.Visible = false; }
+
+void picHighScores_Paint(frmMain& form) {
+  form.cmdHideScores.Top = form.picHighScores.Height - form.cmdHideScores.Height - 10;
+}
+
+}  // namespace sorvex

@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: MIT
+// The highscore panel over the play field: its rows and its buttons.
+#pragma once
+
+#include <string>
+
+#include "platform/desktop.h"
+#include "ui/main_window.h"
+
+namespace sorvex {
+
+/// Creates rows 1 to 9 as copies of the designed row 0, unless they exist.
+void BuildHighScoreRows(Desktop& desktop, frmMain& form);
+
+/// Rereads the theme's table and shows the panel.
+void cmdShowHighscores_Click(Desktop& desktop, frmMain& form, const std::string& themeName);
+void cmdHideScores_Click(frmMain& form);
+void picHighScores_Paint(frmMain& form);
+
+}  // namespace sorvex

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+// Finding the place of a new time and making room for it.
+#include "highscores/record_high_score.h"
+
+#include "base/numbers.h"
+#include "highscores/highscore_table.h"
+
+namespace sorvex {
+namespace {
+
+// The lowest-numbered row whose time is greater than the new one, -1 for none. No early stop: a table edited by hand
+// need not be sorted.
+int PlaceOf(const frmMain& form, const std::string& time) {
+  int place = -1;
+  for (int row = kHighScoreRows - 1; row >= 0; --row)
+    if (LeadingNumber(form.lblHighTime(row).Caption) > LeadingNumber(time)) place = row;
+  return place;
+}
+
+}  // namespace
+
+void RecordHighScore(Desktop& desktop, frmMain& form, const std::string& themeName, double time) {
+  const std::string timeText = NumberText(time);
+  const int place = PlaceOf(form, timeText);
+  if (place < 0) return;
+  const std::string name = desktop.InputBox("What is your name?", "You got a highscore");
+  for (int row = kHighScoreRows - 1; row > place; --row)
+    SetHighScore(desktop, form, row, HighScoreAt(form, row - 1));
+  SetHighScore(desktop, form, place, {name, desktop.ShortDate(), timeText});
+  SaveHighScores(desktop, form, themeName);
+}
+
+}  // namespace sorvex

@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: MIT
+// A finished game's way into the table.
+#pragma once
+
+#include <string>
+
+#include "platform/desktop.h"
+#include "ui/main_window.h"
+
+namespace sorvex {
+
+/// If `time` (seconds) beats an entry of the theme's table, asks for a name, puts the entry into its place and saves the
+/// table. Throws what Desktop::WriteWholeFile throws; the entry then stays in the panel's rows.
+void RecordHighScore(Desktop& desktop, frmMain& form, const std::string& themeName, double time);
+
+}  // namespace sorvex

@@ -1,0 +1,9 @@
+// SPDX-License-Identifier: MIT
+// The program's entry.
+#include "platform/desktop.h"
+#include "startup/program.h"
+
+int main(int argc, char** argv) {
+  const auto desktop = sorvex::MakeDesktop(argc, argv);
+  return sorvex::RunProgram(*desktop);
+}

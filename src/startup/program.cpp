@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: MIT
+// Binding the handlers, and the outermost frame of a run.
+#include "startup/program.h"
+
+#include <string>
+
+#include "game/pointer_handlers.h"
+#include "game/return_item.h"
+#include "highscores/panel.h"
+#include "startup/start_up.h"
+#include "ui/main_window_commands.h"
+
+namespace sorvex {
+namespace {
+
+void ShowUncaught(Desktop& desktop, const RuntimeError& error) {
+  desktop.ShowMessage("Error: " + std::to_string(error.Number()) + "\r\n" + error.Description(),
+                      desktop.Version().Title, BoxIcon::Critical);
+}
+
+}  // namespace
+
+Program::Program(Desktop& desktop) : game{desktop, form, state} {
+  PaintDesign(desktop, form);
+  BindEvents();
+}
+
+void Program::BindEvents() {
+  form.Unload = [this] { Form_Unload(form); };
+  form.Command1.Click = [this] { Command1_Click(game); };
+  form.cmdShowHighscores.Click = [this] { cmdShowHighscores_Click(game.desktop, form, state.ThemeName); };
+  form.cmdHideScores.Click = [this] { cmdHideScores_Click(form); };
+  form.picHighScores.Paint = [this] { picHighScores_Paint(form); };
+  form.PicCanvas.MouseDown = [this](Integer button, Integer, float x, float y) {
+    PicCanvas_MouseDown(game, button, x, y);
+  };
+  form.PicCanvas.MouseMove = [this](Integer, Integer, float x, float y) { PicCanvas_MouseMove(game, x, y); };
+  form.PicCanvas.MouseUp = [this](Integer, Integer, float, float) { PicCanvas_MouseUp(game); };
+  form.Image1.Click = [this] { Image1_Click(form); };
+  form.tmrChangePicBack.Tick = [this] { tmrChangePicBack_Timer(form); };
+}
+
+void Program::Initialize() {
+  form.tmrChangePicBack.Started = game.desktop.TickCount();
+  Form_Initialize(game);
+  Form_Load(game);
+}
+
+int RunProgram(Desktop& desktop) {
+  try {
+    Program program(desktop);
+    for (bool started = false; ; started = true) {
+      try {
+        if (!started) program.Initialize();
+        program.form.Loaded = true;
+        desktop.Show(program.form, nullptr);
+        return 0;
+      } catch (const RuntimeError& error) {
+        ShowUncaught(desktop, error);
+      }
+    }
+  } catch (const ProgramEnded&) {
+    return 0;
+  }
+}
+
+}  // namespace sorvex

@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+// Recording where this copy of the program lies.
+#include "startup/start_up.h"
+
+#include <string>
+
+#include "startup/mdl_registry.h"
+
+namespace sorvex {
+namespace {
+
+constexpr char kKey[] = "Software\\Quennet\\Sorvex";
+constexpr char kPathValue[] = "Path";
+
+bool IsEmptyText(const mdlRegistry::Value& value) {
+  const auto* text = std::get_if<std::string>(&value);
+  return std::holds_alternative<std::monostate>(value) || (text != nullptr && text->empty());
+}
+
+}  // namespace
+
+void Form_Initialize(Game& game) {
+  if (IsEmptyText(mdlRegistry::ReadRegistryValue(game.desktop, kLocalMachine, kKey, kPathValue)))
+    mdlRegistry::CreateRegistryKey(game.desktop, kLocalMachine, kKey);
+  mdlRegistry::WriteRegistryValue(game.desktop, kLocalMachine, kKey, kPathValue, game.desktop.ProgramFolder(),
+                                  mdlRegistry::kString);
+  game.state.ThemeName = kDefaultTheme;
+}
+
+}  // namespace sorvex

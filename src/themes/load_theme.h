@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: MIT
+// Putting a theme onto the main window.
+#pragma once
+
+#include <string>
+
+#include "game/game.h"
+
+namespace sorvex {
+
+/// Loads the theme folder `name` beside the executable: item table, pictures, size of the play field, caption, details,
+/// best times; ends a running game. A theme that is incomplete or cannot be used is reported and "Theme1" is loaded in
+/// its place and becomes the current theme. Returns whether a theme was loaded; if not, nothing was changed.
+bool LoadTheme(Game& game, const std::string& name);
+
+}  // namespace sorvex

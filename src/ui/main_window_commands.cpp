@@ -1,0 +1,89 @@
+// SPDX-License-Identifier: MIT
+// The layout around the play field, and what the buttons below it do.
+#include "ui/main_window_commands.h"
+
+#include "game/render_loop.h"
+#include "highscores/panel.h"
+#include "themes/load_theme.h"
+
+namespace sorvex {
+namespace {
+
+// Positions are single-precision and are not rounded here; fractions of a twip matter to nobody.
+void LayOut(Desktop& desktop, frmMain& form) {
+  const Size twipsPerPixel = desktop.TwipsPerPixel();
+  const auto across = static_cast<float>(twipsPerPixel.width);
+  const auto down = static_cast<float>(twipsPerPixel.height);
+  form.Width = across * form.PicCanvas.Width + 350;
+  form.Height = 2 * down * form.Command1.Height + down * form.PicCanvas.Height + 225;
+  form.picHighScores.Left = 8;
+  form.picHighScores.Top = 8;
+  form.Command1.Top = form.PicCanvas.Height + 15;
+  form.cmdShowHighscores.Top = form.PicCanvas.Height + 15;
+  const float gap = (form.Width / across - form.Command1.Width - form.cmdShowHighscores.Width) / 3;
+  form.Command1.Left = form.PicCanvas.Left + 615 / across;
+  form.cmdShowHighscores.Left = form.Command1.Left + form.Command1.Width + gap;
+  form.imgAbout.Top = form.Command1.Top;
+  form.imgAbout.Left = form.Command1.Left + form.Command1.Width + 5;
+  form.Image2.Left = form.cmdShowHighscores.Left + form.cmdShowHighscores.Width + 1;
+}
+
+// Marks where the Start command stands, also when an error leaves it.
+class StartProgress {
+ public:
+  explicit StartProgress(modVariables& state) : state_(state) { Reach(modVariables::Start::Preparing); }
+  ~StartProgress() { Reach(modVariables::Start::Idle); }
+  StartProgress(const StartProgress&) = delete;
+  StartProgress& operator=(const StartProgress&) = delete;
+  void Reach(modVariables::Start where) { state_.StartCommand = where; }
+
+ private:
+  modVariables& state_;
+};
+
+void PlayOneGame(Game& game, StartProgress& progress) {
+  frmMain& form = game.form;
+  progress.Reach(modVariables::Start::Preparing);
+  game.state.NewGameWanted = false;
+  game.state.GameEnded = false;
+  if (!Form_Load(game)) return;
+  form.PicBackbuff.Resize(form.PicCanvas.Width, form.PicCanvas.Height);
+  form.PicBlank.Resize(form.PicCanvas.Width, form.PicCanvas.Height);
+  progress.Reach(modVariables::Start::Playing);
+  RenderLoop(game);
+}
+
+}  // namespace
+
+bool Form_Load(Game& game) {
+  BuildHighScoreRows(game.desktop, game.form);
+  const std::string theme = game.state.ThemeName;
+  const bool loaded = LoadTheme(game, theme);
+  game.state.CurItem = 0;
+  game.state.CurCont = 0;
+  LayOut(game.desktop, game.form);
+  return loaded;
+}
+
+void Command1_Click(Game& game) {
+  modVariables& state = game.state;
+  if (state.StartCommand == modVariables::Start::Preparing) return;
+  if (state.StartCommand == modVariables::Start::Playing) {
+    state.NewGameWanted = true;
+    state.GameEnded = true;
+    return;
+  }
+  StartProgress progress(state);
+  do {
+    PlayOneGame(game, progress);
+  } while (state.NewGameWanted);
+}
+
+void Image1_Click(frmMain& form) { form.lblTime.Visible = !form.lblTime.Visible; }
+
+void Form_Unload(frmMain& form) {
+  form.StopRendering = true;
+  throw ProgramEnded{};
+}
+
+}  // namespace sorvex

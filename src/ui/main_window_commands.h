@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: MIT
+// The main window's commands: loading and laying out, Start, the hidden clock, closing.
+#pragma once
+
+#include "game/game.h"
+
+namespace sorvex {
+
+/// Builds the highscore rows, loads the current theme and lays the window out around the play field. Returns whether a
+/// theme was loaded.
+bool Form_Load(Game& game);
+
+/// Loads the theme afresh and plays one game. During a game it ends that game, which reports nothing, and returns; the
+/// call that played it then starts the new one, so that games never nest.
+void Command1_Click(Game& game);
+
+/// Shows or hides the elapsed time.
+void Image1_Click(frmMain& form);
+
+/// Ends the program at once; always throws ProgramEnded.
+[[noreturn]] void Form_Unload(frmMain& form);
+
+}  // namespace sorvex

@@ -1,0 +1,35 @@
+# SPDX-License-Identifier: MIT
+# Sourced by run.sh and test.sh: installs the Debian packages that are missing, and says nothing when none is.
+
+play_packages="g++ cmake ninja-build qt6-base-dev qt6-multimedia-dev libbenchmark-dev fonts-liberation fonts-roboto-unhinted"
+test_packages="libgtest-dev xvfb openbox xdotool x11-utils libx11-dev libxtst-dev pulseaudio pulseaudio-utils dbus
+at-spi2-core libatspi2.0-dev"
+
+# need PACKAGE...: makes sure that these are installed.
+need() {
+  if ! command -v dpkg-query >/dev/null || ! command -v apt-get >/dev/null; then
+    if command -v cmake >/dev/null && command -v ninja >/dev/null; then return; fi
+    echo "This script installs what is missing on Debian. On another system install what these packages hold:" >&2
+    printf '  %s\n' "$@" >&2
+    exit 1
+  fi
+  missing=
+  for package in "$@"; do
+    status=$(dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null) || status=
+    [ "$status" = installed ] || missing="$missing $package"
+  done
+  [ -n "$missing" ] || return 0
+  as_root=
+  if [ "$(id -u)" -ne 0 ]; then
+    if ! command -v sudo >/dev/null; then
+      echo "Missing:$missing" >&2
+      echo "Install them as root, for example: apt-get install$missing" >&2
+      exit 1
+    fi
+    as_root=sudo
+  fi
+  echo "Installing:$missing"
+  # shellcheck disable=SC2086  # a list of words
+  $as_root apt-get -qq update && $as_root env DEBIAN_FRONTEND=noninteractive \
+    apt-get -qq install --yes --no-install-recommends $missing >/dev/null
+}
