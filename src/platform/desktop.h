@@ -40,6 +40,9 @@ struct ScreenPoint {
 /// A registry hive or an open key; 0 is no key.
 using RegistryKey = std::uint32_t;
 inline constexpr RegistryKey kLocalMachine = 0x80000002;  ///< HKEY_LOCAL_MACHINE
+/// Types of registry values: text, and a number of 4 bytes.
+inline constexpr std::uint32_t kRegSz = 1;
+inline constexpr std::uint32_t kRegDword = 4;
 
 /// Handlers run only inside Show, DeliverEvents, ShowMessage and InputBox, on the calling thread. What a handler throws
 /// leaves the call that ran it.

@@ -1,0 +1,212 @@
+// SPDX-License-Identifier: MIT
+// Replaces a file by a complete new one: written beside it, flushed, renamed over it.
+#include "platform/posix/write_whole_file.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstddef>
+#include <cstdio>
+#include <filesystem>
+#include <optional>
+#include <random>
+#include <tuple>
+
+#include "base/runtime_error.h"
+
+namespace sorvex {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr mode_t kAnyWriteBit = S_IWUSR | S_IWGRP | S_IWOTH;
+constexpr mode_t kPermissionBits = 07777;
+constexpr int kMostLinks = 40;  // where Linux, too, gives a chain of links up
+
+RuntimeError ErrorOf(int code) {
+  switch (code) {
+    case ENOSPC:
+    case EDQUOT:
+      return DiskFull();
+    case ENOENT:
+    case ENOTDIR:
+      return PathNotFound();
+    case EACCES:
+    case EPERM:
+    case EROFS:
+    case EISDIR:
+    case ELOOP:
+    case ENAMETOOLONG:
+    case ETXTBSY:
+      return PathAccessError();
+    default:
+      return DeviceError();
+  }
+}
+
+template <class Call>
+auto Retried(Call call) {
+  auto result = call();
+  while (result == -1 && errno == EINTR) result = call();
+  return result;
+}
+
+void Check(int result) {
+  if (result != 0) throw ErrorOf(errno);
+}
+
+class File {
+ public:
+  File(const fs::path& path, int flags, mode_t mode = 0)
+      : descriptor_(Retried([&] { return ::open(path.c_str(), flags | O_CLOEXEC, mode); })) {}
+  File(File&& other) noexcept : descriptor_(other.descriptor_) { other.descriptor_ = -1; }
+  File& operator=(File&&) = delete;
+  ~File() {
+    if (IsOpen()) ::close(descriptor_);
+  }
+
+  bool IsOpen() const { return descriptor_ != -1; }
+  int Descriptor() const { return descriptor_; }
+
+  void WriteFromStart(std::string_view bytes) const {
+    for (off_t at = 0; !bytes.empty();) {
+      const ssize_t written = Retried([&] { return ::pwrite(descriptor_, bytes.data(), bytes.size(), at); });
+      if (written <= 0) throw written == 0 ? DeviceError() : ErrorOf(errno);
+      at += written;
+      bytes.remove_prefix(static_cast<std::size_t>(written));
+    }
+  }
+
+  void Flush() const {
+    Check(Retried([&] { return ::fsync(descriptor_); }));
+  }
+
+ private:
+  int descriptor_;
+};
+
+// A new file under a name that nobody can foresee, in no theme's list; gone again unless it was renamed.
+class TemporaryFile {
+ public:
+  /// nullopt and errno when nothing can be created in `folder`.
+  static std::optional<TemporaryFile> Create(const fs::path& folder, mode_t mode) {
+    std::random_device random;
+    for (;;) {
+      fs::path path = folder / (".sorvex-" + std::to_string(random()) + "-" + std::to_string(random()));
+      File file(path, O_WRONLY | O_CREAT | O_EXCL, mode);
+      if (file.IsOpen()) return TemporaryFile(std::move(path), std::move(file));
+      if (errno != EEXIST) return std::nullopt;
+    }
+  }
+  TemporaryFile(TemporaryFile&& other) noexcept : path_(std::move(other.path_)), file_(std::move(other.file_)) {
+    other.path_.clear();
+  }
+  TemporaryFile& operator=(TemporaryFile&&) = delete;
+  ~TemporaryFile() {
+    if (!path_.empty()) ::unlink(path_.c_str());
+  }
+
+  const File& Content() const { return file_; }
+
+  /// False and errno when it could not take the place of `target`.
+  bool Rename(const fs::path& target) {
+    if (::rename(path_.c_str(), target.c_str()) != 0) return false;
+    path_.clear();
+    return true;
+  }
+
+ private:
+  TemporaryFile(fs::path path, File file) : path_(std::move(path)), file_(std::move(file)) {}
+
+  fs::path path_;
+  File file_;
+};
+
+// rename() would replace a link itself, so the last part of the path is followed here.
+fs::path FollowLinks(fs::path path) {
+  for (int links = 0; links <= kMostLinks; ++links) {
+    std::error_code error;
+    const fs::path target = fs::read_symlink(path, error);
+    if (error) return path;
+    path = path.parent_path() / target;
+  }
+  throw PathAccessError();
+}
+
+std::optional<struct stat> Status(const fs::path& path) {
+  struct stat status {};
+  if (::stat(path.c_str(), &status) == 0) return status;
+  if (errno == ENOENT) return std::nullopt;
+  throw ErrorOf(errno);
+}
+
+void TakeOwnerAndMode(const File& file, const struct stat& old) {
+  // Only root gives files away, others only to a group of their own: what the system refuses is let go.
+  if (::fchown(file.Descriptor(), old.st_uid, old.st_gid) != 0)
+    std::ignore = ::fchown(file.Descriptor(), static_cast<uid_t>(-1), old.st_gid);
+  Check(::fchmod(file.Descriptor(), old.st_mode & kPermissionBits));
+}
+
+void FlushFolder(const fs::path& folder) {
+  // The file is in place by now. A folder that cannot be flushed leaves the old file or the new one after a power cut.
+  const File handle(folder, O_RDONLY | O_DIRECTORY);
+  if (handle.IsOpen()) ::fsync(handle.Descriptor());
+}
+
+bool MeansOverwrite(int error) { return error == EACCES || error == EPERM || error == EROFS || error == EBUSY; }
+
+// False when `old` has to be overwritten where it stands.
+bool ReplaceFile(const fs::path& target, const std::optional<struct stat>& old, std::string_view bytes) {
+  const fs::path folder = target.has_parent_path() ? target.parent_path() : fs::path(".");
+  // Until it has its old permissions, what was private stays so; a new file gets what the user's umask leaves.
+  const mode_t mode = old ? S_IRUSR | S_IWUSR : S_IRUSR | S_IRGRP | S_IROTH | kAnyWriteBit;
+  std::optional<TemporaryFile> fresh = TemporaryFile::Create(folder, mode);
+  if (fresh) {
+    fresh->Content().WriteFromStart(bytes);
+    if (old) TakeOwnerAndMode(fresh->Content(), *old);
+    fresh->Content().Flush();
+    if (fresh->Rename(target)) {
+      FlushFolder(folder);
+      return true;
+    }
+  }
+  if (old && MeansOverwrite(errno)) return false;
+  throw ErrorOf(errno);
+}
+
+void OverwriteFile(const fs::path& target, off_t oldSize, std::string_view bytes) {
+  const File file(target, O_WRONLY);
+  if (!file.IsOpen()) throw ErrorOf(errno);
+  const auto newSize = static_cast<off_t>(bytes.size());
+  if (newSize > oldSize) {
+    int error = EINTR;
+    while (error == EINTR) error = ::posix_fallocate(file.Descriptor(), oldSize, newSize - oldSize);
+    if (error != 0) {
+      std::ignore = ::ftruncate(file.Descriptor(), oldSize);
+      throw ErrorOf(error);
+    }
+  }
+  file.WriteFromStart(bytes);
+  Check(Retried([&] { return ::ftruncate(file.Descriptor(), newSize); }));
+  file.Flush();
+}
+
+}  // namespace
+
+bool IsWritableFile(const std::string& path) {
+  struct stat status {};
+  return ::stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode) && (status.st_mode & kAnyWriteBit) != 0 &&
+         ::access(path.c_str(), W_OK) == 0;
+}
+
+void WriteWholeFile(const std::string& path, std::string_view bytes) {
+  const fs::path target = FollowLinks(path);
+  if (target.filename().empty()) throw PathAccessError();
+  const std::optional<struct stat> old = Status(target);
+  if (old && !IsWritableFile(target)) throw PathAccessError();
+  if (!ReplaceFile(target, old, bytes)) OverwriteFile(target, old->st_size, bytes);
+}
+
+}  // namespace sorvex

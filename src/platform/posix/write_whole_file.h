@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: MIT
+// Writing a file so that a crash, a full disk or a second reader never meets half of it (POSIX).
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace sorvex {
+
+/// Makes `bytes` the content of the file: afterwards it holds the old content or the new one, never part of one.
+/// A link is followed to its file, which need not exist; permission bits stay, the owner too where the system lets it.
+/// A writable file that cannot be replaced (nothing may be created in its folder, or it is mounted by itself) is
+/// overwritten where it stands, after room for the new content was reserved.
+/// Throws PathNotFound (76: no such folder), PathAccessError (75: not a plain file, or not writable; a file without any
+/// write bit is not, even for root), DiskFull (61), DeviceError (57).
+void WriteWholeFile(const std::string& path, std::string_view bytes);
+
+/// True when the path leads to a plain file that has a write bit and that this user may write.
+bool IsWritableFile(const std::string& path);
+
+}  // namespace sorvex
