@@ -12,7 +12,7 @@ namespace {
 constexpr char kKey[] = "Software\\Quennet\\Sorvex";
 constexpr char kPathValue[] = "Path";
 
-bool IsEmptyText(const mdlRegistry::Value& value) {
+bool IsEmptyText(const mdlRegistry::Variant& value) {
   const auto* text = std::get_if<std::string>(&value);
   return std::holds_alternative<std::monostate>(value) || (text != nullptr && text->empty());
 }
@@ -23,7 +23,7 @@ void Form_Initialize(Game& game) {
   if (IsEmptyText(mdlRegistry::ReadRegistryValue(game.desktop, kLocalMachine, kKey, kPathValue)))
     mdlRegistry::CreateRegistryKey(game.desktop, kLocalMachine, kKey);
   mdlRegistry::WriteRegistryValue(game.desktop, kLocalMachine, kKey, kPathValue, game.desktop.ProgramFolder(),
-                                  mdlRegistry::kString);
+                                  kRegSz);
   game.state.ThemeName = kDefaultTheme;
 }
 

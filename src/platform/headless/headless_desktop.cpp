@@ -1,0 +1,144 @@
+// SPDX-License-Identifier: MIT
+// Deliveries from a script, boxes that are noted down and closed, pictures made of a pattern.
+#include "platform/headless/headless_desktop.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "base/text.h"
+#include "platform/headless/bmp_reader.h"
+#include "platform/input.h"
+#include "platform/posix/registry_file.h"
+#include "platform/posix/write_whole_file.h"
+
+namespace sorvex {
+namespace {
+
+constexpr int kCharacterWidth = 8;
+constexpr int kLineHeight = 19;
+
+Size SizeOf(BuiltIn which) {
+  switch (which) {
+    case BuiltIn::Canvas:
+      return {320, 240};
+    case BuiltIn::HighScoresPanel:
+      return {317, 281};
+    default:
+      return {32, 32};
+  }
+}
+
+}  // namespace
+
+HeadlessDesktop::HeadlessDesktop(std::string programFolder, std::string registryPath)
+    : programFolder_(std::move(programFolder)), registry_(std::make_unique<RegistryFile>(std::move(registryPath))) {}
+
+HeadlessDesktop::~HeadlessDesktop() = default;
+
+void HeadlessDesktop::Show(Form& form, Form* /*owner*/) {
+  form.Loaded = true;
+  shown_.push_back(&form);
+  const struct Hide {
+    std::vector<Form*>& shown;
+    ~Hide() { shown.pop_back(); }
+  } hide{shown_};
+  while (form.Loaded) DeliverEvents();
+}
+
+void HeadlessDesktop::DeliverEvents() {
+  ++Deliveries;
+  Now += MillisecondsPerDelivery;
+  RunTimers();
+  if (shown_.empty()) return;
+  if (Script.empty()) throw ScriptEnded{};
+  const std::function<void()> step = std::move(Script.front());
+  Script.pop_front();
+  step();
+}
+
+void HeadlessDesktop::RunTimers() {
+  const std::vector<Form*> forms = shown_;
+  for (Form* form : forms) RunDueTimers(*form, Now);
+}
+
+void HeadlessDesktop::Refresh(PictureBox& surface) {
+  ++FramesShown;
+  if (KeepFrames) Frames.push_back(surface.Image());
+}
+
+void HeadlessDesktop::ShowMessage(const std::string& text, const std::string& title, BoxIcon icon) {
+  const Box box{text, title, icon};
+  Boxes.push_back(box);
+  if (WhileBoxOpen) WhileBoxOpen(box);
+  RunTimers();
+}
+
+std::string HeadlessDesktop::InputBox(const std::string& prompt, const std::string& title) {
+  Prompts.push_back({prompt, title});
+  return TypeName();
+}
+
+std::optional<Bitmap> HeadlessDesktop::DecodeBitmap(std::string_view bytes) { return ReadBmp(bytes); }
+
+Picture HeadlessDesktop::BuiltInPicture(BuiltIn which) {
+  Bitmap pattern(SizeOf(which));
+  const auto shade = static_cast<Pixel>(which) * 0x10;
+  for (int y = 0; y < pattern.Height(); ++y)
+    for (int x = 0; x < pattern.Width(); ++x)
+      pattern.Row(y)[x] = kBlack | (static_cast<Pixel>(x) & 0xFF) << 16 | (static_cast<Pixel>(y) & 0xFF) << 8 | shade;
+  return MakePicture(std::move(pattern));
+}
+
+Size HeadlessDesktop::MeasureText(const Font& /*font*/, const std::string& text, int wrapWidth) {
+  int widest = 0;
+  int lines = 0;
+  std::size_t begin = 0;
+  while (begin <= text.size()) {
+    const std::size_t end = std::min(text.find('\n', begin), text.size());
+    const int width =
+        kCharacterWidth * static_cast<int>(Utf16Length(std::string_view(text).substr(begin, end - begin)));
+    const bool wraps = wrapWidth > 0 && width > wrapWidth;
+    widest = std::max(widest, wraps ? wrapWidth : width);
+    lines += wraps ? (width + wrapWidth - 1) / wrapWidth : 1;
+    begin = end + 1;
+  }
+  return {widest, lines * kLineHeight};
+}
+
+Pixel HeadlessDesktop::ResolveColor(Color color) {
+  if (color == kWindowColor) return kWhite;
+  if (color == kWindowTextColor) return kBlack;
+  return color.IsSystem() ? 0xFFF0F0F0 : kBlack | color.value;
+}
+
+VersionInfo HeadlessDesktop::Version() {
+  return {"Sorvex", 1, 0, 0, "A game to test how accurate you are with the mouse", "Headless build"};
+}
+
+void HeadlessDesktop::WriteWholeFile(const std::string& path, std::string_view bytes) {
+  if (WriteFailure) throw *WriteFailure;
+  sorvex::WriteWholeFile(path, bytes);
+}
+
+Long HeadlessDesktop::RegistryOpen(RegistryKey hive, const std::string& name, std::uint32_t access, RegistryKey& key) {
+  return registry_->Open(hive, name, access, key);
+}
+
+Long HeadlessDesktop::RegistryCreate(RegistryKey hive, const std::string& name, std::uint32_t access,
+                                     RegistryKey& key) {
+  return registry_->Create(hive, name, access, key);
+}
+
+Long HeadlessDesktop::RegistryQuery(RegistryKey key, const std::string& name, std::uint32_t& type, void* data,
+                                    std::uint32_t& size) {
+  return registry_->Query(key, name, type, data, size);
+}
+
+Long HeadlessDesktop::RegistrySet(RegistryKey key, const std::string& name, std::uint32_t type, const void* data,
+                                  std::uint32_t size) {
+  return registry_->Set(key, name, type, data, size);
+}
+
+Long HeadlessDesktop::RegistryClose(RegistryKey key) { return registry_->Close(key); }
+
+}  // namespace sorvex

@@ -1,0 +1,106 @@
+// SPDX-License-Identifier: MIT
+// A front end without a window: time, deliveries, boxes and answers are what a test says, and what the game asked for
+// can be looked at afterwards.
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "base/bitmap.h"
+#include "base/runtime_error.h"
+#include "platform/desktop.h"
+
+namespace sorvex {
+
+class RegistryFile;
+
+/// Thrown by a delivery for which the script has nothing left: the story is over, whatever was waiting.
+struct ScriptEnded {};
+
+class HeadlessDesktop : public Desktop {
+ public:
+  /// `programFolder` is where the executable is said to lie; the registry is kept in `registryPath`.
+  HeadlessDesktop(std::string programFolder, std::string registryPath);
+  ~HeadlessDesktop() override;
+
+  // What a test sets
+  /// While a window is shown, each delivery runs the first of these and drops it.
+  std::deque<std::function<void()>> Script;
+  Long Now = 1000000;                ///< the tick count
+  Long MillisecondsPerDelivery = 0;  ///< how far each delivery moves the tick count, before anything else
+  Size Twips{15, 15};
+  std::string Today = "03/14/26";
+  ScreenPoint Pointer;
+  bool KeepFrames = false;                   ///< collect Frames
+  std::optional<RuntimeError> WriteFailure;  ///< what WriteWholeFile throws instead of writing
+
+  struct Box {
+    std::string text;
+    std::string title;
+    BoxIcon icon = BoxIcon::None;
+    bool operator==(const Box&) const = default;
+  };
+  struct Prompt {
+    std::string prompt;
+    std::string title;
+  };
+  struct Wave {
+    std::string path;
+    int afterFrames;  ///< how many frames had been shown by then
+  };
+  std::function<void(const Box&)> WhileBoxOpen;               ///< what happens before the box is closed
+  std::function<std::string()> TypeName = [] { return ""; };  ///< what the player types into an input box
+
+  // What the game did
+  std::vector<Box> Boxes;
+  std::vector<Prompt> Prompts;
+  std::vector<Wave> Waves;
+  std::vector<std::string> PreparedWaves;
+  std::vector<std::string> OpenedAddresses;
+  int FramesShown = 0;
+  std::vector<Bitmap> Frames;  ///< with KeepFrames: every image that was shown
+  int Deliveries = 0;
+
+  void Show(Form& form, Form* owner) override;
+  void DeliverEvents() override;
+  void Refresh(PictureBox& surface) override;
+  void ShowMessage(const std::string& text, const std::string& title, BoxIcon icon) override;
+  std::string InputBox(const std::string& prompt, const std::string& title) override;
+
+  std::optional<Bitmap> DecodeBitmap(std::string_view bytes) override;
+  Picture BuiltInPicture(BuiltIn which) override;
+  Size MeasureText(const Font& font, const std::string& text, int wrapWidth) override;
+  Pixel ResolveColor(Color color) override;
+  Size TwipsPerPixel() override { return Twips; }
+
+  Long TickCount() override { return Now; }
+  ScreenPoint PointerPosition() override { return Pointer; }
+  void PlayWave(const std::string& path) override { Waves.push_back({path, FramesShown}); }
+  void PrepareWaves(std::span<const std::string> paths) override { PreparedWaves.assign(paths.begin(), paths.end()); }
+  void OpenAddress(const std::string& address) override { OpenedAddresses.push_back(address); }
+  std::string ShortDate() override { return Today; }
+  std::string ProgramFolder() override { return programFolder_; }
+  VersionInfo Version() override;
+  void WriteWholeFile(const std::string& path, std::string_view bytes) override;
+
+  Long RegistryOpen(RegistryKey hive, const std::string& name, std::uint32_t access, RegistryKey& key) override;
+  Long RegistryCreate(RegistryKey hive, const std::string& name, std::uint32_t access, RegistryKey& key) override;
+  Long RegistryQuery(RegistryKey key, const std::string& name, std::uint32_t& type, void* data,
+                     std::uint32_t& size) override;
+  Long RegistrySet(RegistryKey key, const std::string& name, std::uint32_t type, const void* data,
+                   std::uint32_t size) override;
+  Long RegistryClose(RegistryKey key) override;
+
+ private:
+  void RunTimers();
+
+  std::string programFolder_;
+  std::unique_ptr<RegistryFile> registry_;
+  std::vector<Form*> shown_;  // innermost last
+};
+
+}  // namespace sorvex

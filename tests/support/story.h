@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: MIT
+// A story played without a window: what the player does is queued, one delivery of events each, then run.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "platform/headless/headless_desktop.h"
+#include "platform/input.h"
+#include "startup/program.h"
+#include "support/temp_folder.h"
+#include "support/theme_folder.h"
+
+namespace sorvex {
+
+class Story {
+ public:
+  /// Writes the themes, starts the program up and stops before its window is shown.
+  explicit Story(const std::vector<TestTheme>& themes = {CupTheme(3)});
+
+  // Each queues one delivery.
+  Story& Then(std::function<void()> what);
+  Story& Hover(int x, int y);
+  Story& Press(int x, int y, Integer button = kLeftButton);
+  Story& Drag(int x, int y);
+  Story& Release(Integer button = kLeftButton);
+  Story& Wait(Long milliseconds);
+  Story& Frames(int count);
+
+  // Each queues a few.
+  /// A click on Start and the delivery that ends the theme's loading: what follows comes from the first frame on.
+  Story& Start();
+  /// Takes item `i` of `theme`, at rest in its cup, out of it and to the target.
+  Story& PutIn(const TestTheme& theme, int i);
+
+  enum class End { ScriptEnded, ProgramEnded };
+  /// Shows the window and plays what was queued. A game that is not over by then is left where it stands.
+  End Run();
+
+  std::filesystem::path ThemeFile(const std::string& name, const std::string& theme = "Theme1") const;
+  /// The play field as it was shown last.
+  const Bitmap& Field() const { return form.PicCanvas.Image(); }
+  /// The file names, without ".wav", of the sounds so far.
+  std::vector<std::string> Sounds() const;
+  /// Ten rows of the panel as "name|date|time".
+  std::vector<std::string> Rows() const;
+
+  TempFolder folder;
+  HeadlessDesktop desktop;
+  Program program;
+  frmMain& form;
+  modVariables& state;
+  PointerInput pointer;
+};
+
+}  // namespace sorvex
