@@ -17,7 +17,7 @@ flat() {
     convert "$tmp/r.png" -alpha extract -threshold 49.9% "$tmp/a.png"
     # only the visible pixels choose the palette
     convert "$tmp/r.png" -channel A -threshold 49.9% +channel "$tmp/v.png"
-    convert "$tmp/v.png" -background white -alpha background -quantize RGB +dither -colors "$2" -alpha off "$tmp/q.png"
+    convert "$tmp/v.png" -background white -alpha background +dither -colors "$2" -alpha off "$tmp/q.png"
     convert -size "$(identify -format '%wx%h' "$tmp/r.png")" xc:black "$tmp/q.png" "$tmp/a.png" -composite \
         \( "$tmp/a.png" -alpha off \) -alpha off -compose CopyOpacity -composite -depth 8 "PNG32:$tmp/$1-$2.png"
 }
@@ -30,3 +30,17 @@ icotool -c -o "$out/folder.ico" "$tmp/folder32-15.png" "$tmp/folder16-15.png" "$
     "$tmp/folder32-200.png" "$tmp/folder16-200.png" "$tmp/folder48-200.png"
 icotool -c --cursor -X 15 -Y 4 -o "$out/hand_info.cur" "$tmp/hand_info-15.png"
 icotool -c --cursor -X 12 -Y 1 -o "$out/hand_link.cur" "$tmp/hand_link-15.png"
+
+# the panel's and the welcome picture: baseline JPEG, three full-size components
+for f in highscores canvas; do
+    rsvg-convert "$src/$f.svg" -o "$tmp/$f.png"
+    convert "$tmp/$f.png" -background white -alpha remove -alpha off -strip -type TrueColor \
+        -sampling-factor 4:4:4 -interlace none -quality 92 "$out/$f.jpg"
+done
+
+# the logo stands on pure yellow: its rim is mixed with that yellow, and what
+# lies outside is transparent
+rsvg-convert "$src/logo.svg" -o "$tmp/logo.png"
+convert "$tmp/logo.png" -alpha extract -threshold 12% "$tmp/la.png"
+convert "$tmp/logo.png" -background '#ffff00' -alpha remove -alpha off +dither -colors 120 \
+    \( "$tmp/la.png" -alpha off \) -alpha off -compose CopyOpacity -composite -strip "$out/logo.gif"

@@ -48,6 +48,7 @@ pictures() {
     crlf < "$tmp/theme" > "$out/Theme.ini"
 }
 
+# shellcheck source=sounds.sh disable=SC1091
 . "$art/sounds.sh"
 
 case $what in

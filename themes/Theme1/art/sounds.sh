@@ -1,5 +1,6 @@
 # The four sounds, built from layers with sox. Read by render.sh.
 # Every random source is seeded the same way (-R), so the files repeat exactly.
+: "${tmp:?}" "${out:?}"   # set by render.sh: work folder, theme folder
 
 # layer NAME EFFECT...: one layer on its own
 layer() {
@@ -9,7 +10,7 @@ layer() {
 # finish FILE SECONDS LAYER...: mix, clean, trim, fade both ends, peak at -3 dB
 finish() {
     f=$1; secs=$2; shift 2
-    set -- $(for l in "$@"; do printf '%s/%s.wav ' "$tmp" "$l"; done)
+    for l in "$@"; do set -- "$@" "$tmp/$l.wav"; shift; done
     sox -R -D -m "$@" -b 16 -e signed-integer "$out/$f" \
         gain -9 highpass 70 trim 0 "$secs" fade h 0.002 "$secs" 0.02 gain -n -3
 }
