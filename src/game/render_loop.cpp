@@ -74,9 +74,7 @@ void ReportGameOver(Game& game, double elapsed) {
 
 // One frame; false when the run was ended by the start of another.
 bool RunFrame(Game& game, Long start) {
-  DrawFrame(game);
-  TestCollision(game);
-  TestPlacement(game);
+  DrawAndTestFrame(game);
   game.desktop.DeliverEvents();
   if (game.state.GameEnded) return false;
   const double elapsed = ElapsedSeconds(start, game.desktop.TickCount());
@@ -100,6 +98,12 @@ void RenderLoop(Game& game) {
                              "uhh oh!!", BoxIcon::Critical);
     game.form.StopRendering = true;
   }
+}
+
+void DrawAndTestFrame(Game& game) {
+  DrawFrame(game);
+  TestCollision(game);
+  TestPlacement(game);
 }
 
 double ElapsedSeconds(Long start, Long now) {

@@ -10,6 +10,10 @@ namespace sorvex {
 /// shows the time, until every item is put in, StopRendering or GameEnded is set, or an error has been shown.
 void RenderLoop(Game& game);
 
+/// What every frame does before it delivers events: composes and presents, then tests the current item against its
+/// container and against the target and acts on what it finds.
+void DrawAndTestFrame(Game& game);
+
 /// Seconds between two tick counts, rounded half up to hundredths. Throws Overflow (6) when the difference is no Long.
 double ElapsedSeconds(Long start, Long now);
 

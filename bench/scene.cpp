@@ -1,0 +1,91 @@
+// SPDX-License-Identifier: MIT
+// Drawing the generated games' pictures.
+#include "scene.h"
+
+#include <algorithm>
+#include <cmath>
+#include <functional>
+#include <random>
+#include <utility>
+
+namespace sorvex::bench {
+namespace {
+
+constexpr int kGap = 5;  // between a container's wall and the item at rest
+
+using Shape = std::function<bool(int x, int y)>;
+
+Bitmap Mask(Size size, const Shape& isOpaque) {
+  Bitmap mask(size, kWhite);
+  for (int y = 0; y < size.height; ++y)
+    for (int x = 0; x < size.width; ++x)
+      if (isOpaque(x, y)) mask.Row(y)[x] = kBlack;
+  return mask;
+}
+
+Bitmap Coloured(const Bitmap& mask, std::mt19937& random) {
+  Bitmap picture(mask.Extent(), kWhite);
+  for (int y = 0; y < mask.Height(); ++y)
+    for (int x = 0; x < mask.Width(); ++x)
+      if (mask.At(x, y) == kBlack) picture.Row(y)[x] = 0xFF000000 | static_cast<Pixel>(random());
+  return picture;
+}
+
+Shape RaggedOval(Size size, std::mt19937& random) {
+  return [size, &random](int x, int y) {
+    const double dx = (x + 0.5) / size.width * 2 - 1;
+    const double dy = (y + 0.5) / size.height * 2 - 1;
+    return dx * dx + dy * dy < 0.8 + 0.2 * static_cast<double>(random() % 1000) / 1000;
+  };
+}
+
+Shape Cup(Size size) {
+  const int wall = kGap - 2;
+  return [=](int x, int y) { return x < wall || x >= size.width - wall || y >= size.height - wall; };
+}
+
+Shape Ring(Size size) {
+  return [=](int x, int y) {
+    const double dx = (x + 0.5) / size.width * 2 - 1;
+    const double dy = (y + 0.5) / size.height * 2 - 1;
+    const double distance = dx * dx + dy * dy;
+    return distance < 1 && distance > 0.5;
+  };
+}
+
+void SetPair(PictureBox& picture, PictureBox& mask, Bitmap shape, std::mt19937& random) {
+  picture.SetPicture(MakePicture(Coloured(shape, random)));
+  mask.SetPicture(MakeMask(std::move(shape)));
+}
+
+}  // namespace
+
+Scene::Scene(const SceneDesign& design, std::uint32_t seed) : desktop("", "") {
+  std::mt19937 random(seed);
+  PaintDesign(desktop, form);
+  form.picBg1.SetPicture(MakePicture(Coloured(Mask(design.field, [](int, int) { return true; }), random)));
+  form.picBG2.SetPicture(MakePicture(form.picBg1.Image()));
+  form.PicBlank.SetPicture(form.picBg1.PictureObject());
+  form.PicCanvas.Resize(form.PicBlank.Width, form.PicBlank.Height);
+  form.PicBackbuff.Resize(form.PicCanvas.Width, form.PicCanvas.Height);
+  SetPair(form.PicPlainSprite(0), form.PicPlainMask(0), Mask(design.target, Ring(design.target)), random);
+  state.PlainX(0) = static_cast<Integer>(design.field.width - design.target.width - 8);
+  state.PlainY(0) = static_cast<Integer>(design.field.height - design.target.height - 8);
+
+  const int columns = std::max(1, (design.field.width - design.target.width) / design.container.width);
+  state.LastItem = design.items - 1;
+  for (int i = 0; i < design.items; ++i) {
+    if (i > 0)
+      for (auto* array : {&form.PicSprite, &form.PicMask, &form.picCont, &form.PicContMask}) array->Load(i);
+    SetPair(form.PicSprite(i), form.PicMask(i), Mask(design.item, RaggedOval(design.item, random)), random);
+    SetPair(form.picCont(i), form.PicContMask(i), Mask(design.container, Cup(design.container)), random);
+    state.ContX(i) = static_cast<Integer>(i % columns * design.container.width);
+    state.ContY(i) = static_cast<Integer>(i / columns * design.container.height % (design.field.height / 2));
+    state.ItemX(i) = static_cast<Integer>(state.ContX(i) + kGap);
+    state.ItemY(i) = static_cast<Integer>(state.ContY(i) + design.container.height - kGap - design.item.height);
+    state.ItemInPlay(i) = true;
+    state.ContInPlay(i) = true;
+  }
+}
+
+}  // namespace sorvex::bench

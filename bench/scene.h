@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+// Generated games of three sizes to time: random colours, ragged items, U-shaped containers, a ring as the target.
+#pragma once
+
+#include <cstdint>
+
+#include "game/game.h"
+#include "platform/headless/headless_desktop.h"
+
+namespace sorvex::bench {
+
+struct SceneDesign {
+  const char* name;
+  Size field;
+  int items;
+  Size item;
+  Size container;
+  Size target;
+};
+
+inline constexpr SceneDesign kScenes[] = {
+    {"S", {320, 240}, 3, {42, 15}, {52, 58}, {110, 75}},
+    {"M", {800, 600}, 10, {48, 48}, {80, 160}, {150, 120}},
+    {"L", {1920, 1080}, 21, {96, 96}, {160, 320}, {300, 240}},
+};
+
+/// A game in progress with item 0 standing inside its container without touching it.
+class Scene {
+ public:
+  Scene(const SceneDesign& design, std::uint32_t seed);
+
+  frmMain form;
+  modVariables state;
+  HeadlessDesktop desktop;
+  Game game{desktop, form, state};
+};
+
+}  // namespace sorvex::bench
