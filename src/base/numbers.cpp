@@ -18,8 +18,7 @@ bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 template <class Whole>
 Whole Checked(double value) {
   const double rounded = RoundHalfEven(value);
-  if (!(rounded >= std::numeric_limits<Whole>::min() && rounded <= std::numeric_limits<Whole>::max()))
-    throw Overflow();
+  if (!(rounded >= std::numeric_limits<Whole>::min() && rounded <= std::numeric_limits<Whole>::max())) throw Overflow();
   return static_cast<Whole>(rounded);
 }
 

@@ -33,8 +33,7 @@ struct Rectangle {
 
 /// What both share; empty when they share nothing.
 constexpr Rectangle Intersection(const Rectangle& a, const Rectangle& b) {
-  return {std::max(a.left, b.left), std::max(a.top, b.top), std::min(a.right, b.right),
-          std::min(a.bottom, b.bottom)};
+  return {std::max(a.left, b.left), std::max(a.top, b.top), std::min(a.right, b.right), std::min(a.bottom, b.bottom)};
 }
 
 }  // namespace sorvex

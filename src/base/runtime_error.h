@@ -11,8 +11,7 @@ namespace sorvex {
 /// errors, which is what players of this kind of program know.
 class RuntimeError : public std::runtime_error {
  public:
-  RuntimeError(int number, const std::string& description)
-      : std::runtime_error(description), number_(number) {}
+  RuntimeError(int number, const std::string& description) : std::runtime_error(description), number_(number) {}
 
   int Number() const { return number_; }
   std::string Description() const { return what(); }

@@ -30,7 +30,9 @@ bool RowsMeet(std::span<const std::uint64_t> item, std::span<const std::uint64_t
   return false;
 }
 
-const MaskBits* BitsOf(const PictureBox& mask) { return mask.PictureObject() ? mask.PictureObject()->mask.get() : nullptr; }
+const MaskBits* BitsOf(const PictureBox& mask) {
+  return mask.PictureObject() ? mask.PictureObject()->mask.get() : nullptr;
+}
 
 }  // namespace
 

@@ -24,8 +24,7 @@ void RecordHighScore(Desktop& desktop, frmMain& form, const std::string& themeNa
   const int place = PlaceOf(form, timeText);
   if (place < 0) return;
   const std::string name = desktop.InputBox("What is your name?", "You got a highscore");
-  for (int row = kHighScoreRows - 1; row > place; --row)
-    SetHighScore(desktop, form, row, HighScoreAt(form, row - 1));
+  for (int row = kHighScoreRows - 1; row > place; --row) SetHighScore(desktop, form, row, HighScoreAt(form, row - 1));
   SetHighScore(desktop, form, place, {name, desktop.ShortDate(), timeText});
   SaveHighScores(desktop, form, themeName);
 }

@@ -16,8 +16,7 @@ int ToPixels(float value) { return static_cast<int>(RoundHalfEven(value)); }
 // Copies `source` onto `target` at (0, 0), as far as it fits.
 void CopyOnto(Bitmap& target, const Bitmap& source) {
   const int width = std::min(target.Width(), source.Width());
-  for (int y = 0; y < std::min(target.Height(), source.Height()); ++y)
-    std::copy_n(source.Row(y), width, target.Row(y));
+  for (int y = 0; y < std::min(target.Height(), source.Height()); ++y) std::copy_n(source.Row(y), width, target.Row(y));
 }
 
 }  // namespace

@@ -101,9 +101,9 @@ class Desktop {
   virtual Long RegistryCreate(RegistryKey hive, const std::string& name, std::uint32_t access, RegistryKey& key) = 0;
   /// `data` may be null to learn type and size; `size` is the buffer's size in bytes and becomes the value's.
   virtual Long RegistryQuery(RegistryKey key, const std::string& name, std::uint32_t& type, void* data,
-                               std::uint32_t& size) = 0;
+                             std::uint32_t& size) = 0;
   virtual Long RegistrySet(RegistryKey key, const std::string& name, std::uint32_t type, const void* data,
-                             std::uint32_t size) = 0;
+                           std::uint32_t size) = 0;
   virtual Long RegistryClose(RegistryKey key) = 0;
 };
 

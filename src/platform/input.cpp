@@ -17,8 +17,12 @@ void Raise(const PointerEvent& event, Integer button, Integer shift, float x, fl
 }
 
 // The place in `control` of a place in the surface that it was pressed on: a label or image lies on that surface.
-float LocalX(const Control& control, float x) { return dynamic_cast<const PictureBox*>(&control) ? x : x - control.Left; }
-float LocalY(const Control& control, float y) { return dynamic_cast<const PictureBox*>(&control) ? y : y - control.Top; }
+float LocalX(const Control& control, float x) {
+  return dynamic_cast<const PictureBox*>(&control) ? x : x - control.Left;
+}
+float LocalY(const Control& control, float y) {
+  return dynamic_cast<const PictureBox*>(&control) ? y : y - control.Top;
+}
 
 void RaiseUp(Control* target, Integer button, Integer shift, float x, float y) {
   if (auto* surface = dynamic_cast<PictureBox*>(target)) Raise(surface->MouseUp, button, shift, x, y);
@@ -126,7 +130,8 @@ CommandButton* ButtonForEscape(const Form& form) {
 Control* FocusAfter(const Form& form, const Control& gone) {
   const std::vector<Control*> order = TabOrder(form);
   if (order.empty()) return nullptr;
-  const auto after = std::ranges::find_if(order, [&](const Control* control) { return control->TabIndex >= gone.TabIndex; });
+  const auto after =
+      std::ranges::find_if(order, [&](const Control* control) { return control->TabIndex >= gone.TabIndex; });
   return after == order.begin() ? order.front() : *std::prev(after);
 }
 

@@ -10,8 +10,8 @@
 
 namespace sorvex {
 
-/// The frontmost visible label or image drawn on `surface` (null: on the form itself) at that place of its drawing area,
-/// null when there is none.
+/// The frontmost visible label or image drawn on `surface` (null: on the form itself) at that place of its drawing
+/// area, null when there is none.
 Control* WindowlessControlAt(const Form& form, const PictureBox* surface, float x, float y);
 
 /// True when the control and all that it stands on are visible.
@@ -33,7 +33,7 @@ class PointerInput {
 
  private:
   const Form& form_;
-  Integer down_ = 0;  // the buttons that are down
+  Integer down_ = 0;           // the buttons that are down
   Control* target_ = nullptr;  // whose events they are, null: nobody's
   Integer shift_ = 0;
   float x_ = 0;

@@ -49,7 +49,7 @@ void Program::Initialize() {
 int RunProgram(Desktop& desktop) {
   try {
     Program program(desktop);
-    for (bool started = false; ; started = true) {
+    for (bool started = false;; started = true) {
       try {
         if (!started) program.Initialize();
         program.form.Loaded = true;

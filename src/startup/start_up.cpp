@@ -22,8 +22,7 @@ bool IsEmptyText(const mdlRegistry::Variant& value) {
 void Form_Initialize(Game& game) {
   if (IsEmptyText(mdlRegistry::ReadRegistryValue(game.desktop, kLocalMachine, kKey, kPathValue)))
     mdlRegistry::CreateRegistryKey(game.desktop, kLocalMachine, kKey);
-  mdlRegistry::WriteRegistryValue(game.desktop, kLocalMachine, kKey, kPathValue, game.desktop.ProgramFolder(),
-                                  kRegSz);
+  mdlRegistry::WriteRegistryValue(game.desktop, kLocalMachine, kKey, kPathValue, game.desktop.ProgramFolder(), kRegSz);
   game.state.ThemeName = kDefaultTheme;
 }
 

@@ -23,9 +23,7 @@ struct Header {
 
 std::uint32_t Byte(std::string_view bytes, std::size_t at) { return static_cast<std::uint8_t>(bytes[at]); }
 std::uint32_t Word(std::string_view bytes, std::size_t at) { return Byte(bytes, at) | Byte(bytes, at + 1) << 8; }
-std::uint32_t DoubleWord(std::string_view bytes, std::size_t at) {
-  return Word(bytes, at) | Word(bytes, at + 2) << 16;
-}
+std::uint32_t DoubleWord(std::string_view bytes, std::size_t at) { return Word(bytes, at) | Word(bytes, at + 2) << 16; }
 
 // False when the bytes hold no header.
 bool ReadHeader(std::string_view bytes, Header& header) {

@@ -16,9 +16,9 @@ namespace {
 std::optional<Theme> ReadOrReport(Desktop& desktop, const std::string& name) {
   const std::string folder = JoinPath(desktop.ProgramFolder(), name);
   if (!IsComplete(folder)) {
-    desktop.ShowMessage("There is an important file missing. Can not load theme " + name +
-                            "\r\nLoading default theme..",
-                        "File(s) missing", BoxIcon::Exclamation);
+    desktop.ShowMessage(
+        "There is an important file missing. Can not load theme " + name + "\r\nLoading default theme..",
+        "File(s) missing", BoxIcon::Exclamation);
     return std::nullopt;
   }
   try {

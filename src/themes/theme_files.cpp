@@ -39,7 +39,8 @@ std::string Shown(std::string_view text) {
 }
 
 Integer ParseCoordinate(const std::string& file, int line, std::string_view text) {
-  if (text.find_first_not_of(" \t") == std::string_view::npos) throw ErrorAt(file, line, "a blank line is not a number");
+  if (text.find_first_not_of(" \t") == std::string_view::npos)
+    throw ErrorAt(file, line, "a blank line is not a number");
   if (!IsNumber(text)) throw ErrorAt(file, line, Shown(text) + " is not a number");
   try {
     return ToInteger(LeadingNumber(text));
@@ -84,7 +85,8 @@ ItemTable ParseItems(std::string_view text) {
       throw ErrorAt(kItemsFile, line + 1, "a theme has at most " + std::to_string(kMostItems) + " items");
     for (auto* coordinate : {&items.ItemX(item), &items.ItemY(item), &items.ContX(item), &items.ContY(item)}) {
       if (text.empty())
-        throw ErrorAt(kItemsFile, line, "the last item has " + std::to_string(line % kLinesPerItem) + " of its 4 lines");
+        throw ErrorAt(kItemsFile, line,
+                      "the last item has " + std::to_string(line % kLinesPerItem) + " of its 4 lines");
       *coordinate = ParseCoordinate(kItemsFile, ++line, TakeLine(text));
     }
     items.ItemInPlay(item) = true;

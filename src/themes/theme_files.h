@@ -49,8 +49,8 @@ struct Theme {
   Details details;
 };
 
-/// The contents of Theme.ini (item groups of four lines), Theme2.ini (the target's place) and ThemeDetails.ini, given as
-/// UTF-8. The first two throw ThemeError.
+/// The contents of Theme.ini (item groups of four lines), Theme2.ini (the target's place) and ThemeDetails.ini, given
+/// as UTF-8. The first two throw ThemeError.
 ItemTable ParseItems(std::string_view text);
 Target ParseTarget(std::string_view text);
 Details ParseDetails(std::string_view text);

@@ -175,13 +175,15 @@ frmMain::frmMain() {
   tmrChangePicBack.Interval = 500;
   tmrChangePicBack.Enabled = true;
 
-  // Front to back
-  Controls = {&picHighScores, &cmdShowHighscores, &PicCanvas, &Command1,
-              &Image2, &Image1, &imgAbout, &lblTime,
-              &cmdHideScores, &Label1, &lblHighNum(0), &lblHighName(0), &lblHighTime(0), &lblHighDate(0),
-              &PicBackbuff, &PicBlank, &picBg1, &picBG2, &picCD, &picInvertedMask,
-              &PicSprite(0), &PicMask(0), &picCont(0), &PicContMask(0), &PicPlainSprite(0), &PicPlainMask(0),
-              &tmrChangePicBack};
+  // clang-format off
+  Controls = {  // front to back
+      &picHighScores, &cmdShowHighscores, &PicCanvas, &Command1,
+      &Image2, &Image1, &imgAbout, &lblTime,
+      &cmdHideScores, &Label1, &lblHighNum(0), &lblHighName(0), &lblHighTime(0), &lblHighDate(0),
+      &PicBackbuff, &PicBlank, &picBg1, &picBG2, &picCD, &picInvertedMask,
+      &PicSprite(0), &PicMask(0), &picCont(0), &PicContMask(0), &PicPlainSprite(0), &PicPlainMask(0),
+      &tmrChangePicBack};
+  // clang-format on
   for (auto* array : {&PicSprite, &PicMask, &picCont, &PicContMask, &PicPlainSprite, &PicPlainMask})
     (*array)(0).Index = 0;
   for (auto* array : {&lblHighNum, &lblHighName, &lblHighTime, &lblHighDate}) (*array)(0).Index = 0;

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The main window: its controls with their whole design, and the fields that live as long as it. No handler stands here.
+// The main window: its controls with their whole design, and the fields that live as long as it. No handler stands
+// here.
 #pragma once
 
 #include <string>

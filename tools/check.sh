@@ -1,0 +1,36 @@
+#!/bin/sh
+# SPDX-License-Identifier: MIT
+# Holds the code to its habits: architecture (always), formatting and lint (unless called with --architecture; they
+# need clang-format and clang-tidy, and build/dev configured). Prints what is wrong; exits 1 when anything is.
+set -u
+cd "$(dirname "$0")/.."
+failed=0
+complain() {
+  [ -z "$2" ] && return
+  printf '%s\n%s\n\n' "$1" "$2"
+  failed=1
+}
+core="src/base src/game src/themes src/highscores src/ui src/startup src/platform/*.h src/platform/*.cpp"
+
+# shellcheck disable=SC2086  # a list of paths
+complain "The core knows no toolkit and no system:" \
+  "$(grep -rnE '#include <(Q[A-Z]|windows|X11|unistd|sys/|fcntl)|#include "platform/(qt|win32|headless|posix)/' $core)"
+# shellcheck disable=SC2086
+complain "No platform #ifdef outside the front ends:" "$(grep -rnE '^ *# *if(def)?.*(_WIN32|__linux__|__unix__)' $core)"
+complain "No extern variable, no mutable global:" \
+  "$(grep -rnE '^(extern|static|inline) [^(]*(;|=)' --include=*.h --include=*.cpp src bench tests | grep -v constexpr)"
+complain "Every source file begins with its licence and what it is for:" \
+  "$(find src bench tests -name '*.h' -o -name '*.cpp' | while read -r file; do
+    head -n 2 "$file" | grep -c '^// ' | grep -q 2 || echo "$file"; done)"
+complain "No include cycle:" \
+  "$(cd src && grep -rnoE '^#include "[^"]+"' --include=*.h . | sed -E 's|^\./([^:]+):[0-9]+:#include "([^"]+)"|\1 \2|' |
+    tsort 2>&1 >/dev/null)"
+
+if [ "${1-}" != --architecture ]; then
+  # shellcheck disable=SC2046  # file names without blanks
+  complain "Not formatted (clang-format -i mends it):" \
+    "$(clang-format --dry-run $(git ls-files '*.h' '*.cpp') 2>&1 | grep -oE '^[^:]+:[0-9]+' | sort -u)"
+  # shellcheck disable=SC2046
+  complain "Lint:" "$(clang-tidy --quiet -p build/dev $(git ls-files 'src/*.cpp') 2>/dev/null | grep -E 'warning|error')"
+fi
+exit $failed
