@@ -6,6 +6,7 @@
 #include <array>
 #include <charconv>
 #include <cstring>
+#include <iterator>
 #include <utility>
 
 #include "base/text.h"
@@ -53,14 +54,16 @@ std::optional<std::string> TakeQuoted(std::string_view& text) {
 
 std::optional<std::string> HexBytes(std::string_view list) {
   std::string bytes;
-  while (!(list = Trimmed(list)).empty()) {
+  list = Trimmed(list);
+  for (bool more = !list.empty(); more;) {
     const auto byte = TakeHex<std::uint8_t>(list);
     if (!byte) return std::nullopt;
     bytes += static_cast<char>(*byte);
     list = Trimmed(list);
-    if (!list.empty() && !Take(list, ",")) return std::nullopt;
+    more = Take(list, ",");
+    list = Trimmed(list);
   }
-  return bytes;
+  return list.empty() ? std::optional(bytes) : std::nullopt;
 }
 
 std::optional<RegistryValue> HexValue(std::string name, std::string_view text) {
@@ -91,16 +94,18 @@ std::optional<RegistryValue> ParseValue(std::string_view line) {
   return RegistryValue{*name, kRegSz, *text + '\0'};
 }
 
-bool GoesOn(std::string_view line) {
-  return line.ends_with('\\') && (line.starts_with('"') || line.starts_with('@')) &&
-         line.find("=hex") != std::string_view::npos;
-}
-
 std::string_view TakeLine(std::string_view& text) {
   std::string_view line = text.substr(0, text.find('\n'));
   text.remove_prefix(std::min(line.size() + 1, text.size()));
   if (line.ends_with('\r')) line.remove_suffix(1);
   return line;
+}
+
+// A line that breaks off must not swallow the next value or key: only more bytes continue it.
+bool GoesOn(std::string_view line, std::string_view rest) {
+  return line.ends_with('\\') && (line.starts_with('"') || line.starts_with('@')) &&
+         line.find("=hex") != std::string_view::npos &&
+         Trimmed(TakeLine(rest)).find_first_of("0123456789abcdefABCDEF") == 0;
 }
 
 std::string Hex(std::uint32_t number, std::size_t digits) {
@@ -163,7 +168,6 @@ bool IsWritableName(std::string_view name) {
 std::optional<RegistryText> RegistryText::Parse(std::string_view text) {
   if (Trimmed(TakeLine(text)) != kHeader) return std::nullopt;
   RegistryText registry;
-  registry.keys_.emplace_back();
   while (!text.empty()) {
     const std::string_view line = TakeLine(text);
     const std::string_view trimmed = Trimmed(line);
@@ -171,7 +175,7 @@ std::optional<RegistryText> RegistryText::Parse(std::string_view text) {
       const bool readable = trimmed.ends_with(']');
       const std::string_view path = readable ? trimmed.substr(1, trimmed.size() - 2) : std::string_view();
       registry.keys_.push_back({std::string(line), std::string(path), {}});
-    } else if (!trimmed.empty()) {
+    } else {
       registry.keys_.back().entries.push_back(ParseEntry(line, text));
     }
   }
@@ -181,7 +185,7 @@ std::optional<RegistryText> RegistryText::Parse(std::string_view text) {
 RegistryText::Entry RegistryText::ParseEntry(std::string_view line, std::string_view& rest) {
   std::string text(line);
   std::string joined(Trimmed(line));
-  while (GoesOn(joined) && !rest.empty()) {
+  while (GoesOn(joined, rest)) {
     const std::string_view next = TakeLine(rest);
     text.append(kLineEnd).append(next);
     joined.pop_back();
@@ -199,7 +203,7 @@ std::string RegistryText::Text() const {
   std::string text(kHeader);
   text += kLineEnd;
   for (const Key& key : keys_) {
-    if (!key.heading.empty()) text.append(kLineEnd).append(key.heading).append(kLineEnd);
+    if (!key.heading.empty()) text.append(key.heading).append(kLineEnd);
     for (const Entry& entry : key.entries) text.append(entry.text).append(kLineEnd);
   }
   return text;
@@ -223,6 +227,7 @@ void RegistryText::AddKey(const std::string& path) {
     spelled.replace(0, end, known->path, 0, end);
     break;
   }
+  keys_.back().entries.emplace_back();  // an empty line
   keys_.push_back({"[" + spelled + "]", spelled, {}});
 }
 
@@ -244,7 +249,10 @@ void RegistryText::PutValue(const std::string& path, RegistryValue value) {
     if (!isKey(key)) continue;
     std::erase_if(key.entries, [&](const Entry& e) { return e.value && EqualIgnoringCase(e.value->name, value.name); });
   }
-  std::ranges::find_if(keys_, isKey)->entries.push_back(MakeEntry(std::move(value)));
+  std::vector<Entry>& entries = std::ranges::find_if(keys_, isKey)->entries;
+  auto end = entries.end();
+  while (end != entries.begin() && Trimmed(std::prev(end)->text).empty()) --end;
+  entries.insert(end, MakeEntry(std::move(value)));
 }
 
 }  // namespace sorvex

@@ -39,10 +39,10 @@ class RegistryText {
  private:
   struct Entry {
     std::string text;
-    std::optional<RegistryValue> value;  ///< none: a comment, or a line that cannot be read
+    std::optional<RegistryValue> value;  ///< none: an empty line, a comment, what cannot be read
   };
   struct Key {
-    std::string heading;  ///< the line in brackets; empty for what stands before the first
+    std::string heading;  ///< the line in brackets
     std::string path;     ///< empty when the heading cannot be read
     std::vector<Entry> entries;
   };
@@ -51,7 +51,7 @@ class RegistryText {
   static Entry MakeEntry(RegistryValue value);
   const Key* FindAtOrInside(std::string_view path) const;
 
-  std::vector<Key> keys_;
+  std::vector<Key> keys_ = std::vector<Key>(1);  ///< in the order of the text; the first has no heading
 };
 
 /// True when the text form can hold a key's or a value's name: no line end, no zero.
