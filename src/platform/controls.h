@@ -38,6 +38,7 @@ struct Font {
   float points = 0;  ///< at 96 dots per inch, 0.75 points are one pixel
   int weight = 400;  ///< 100 to 900
   bool underlined = false;
+  bool operator==(const Font&) const = default;
 };
 
 enum class Alignment { Left, Center, Right };

@@ -1,0 +1,432 @@
+// SPDX-License-Identifier: MIT
+// Surfaces, buttons, labels, images, lists, lines and shapes as widgets.
+#include "platform/qt/control_widgets.h"
+
+#include <QAccessible>
+#include <QAccessibleWidget>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QListWidget>
+#include <QPaintEvent>
+#include <QPainter>
+#include <QPushButton>
+#include <QShortcutEvent>
+#include <cmath>
+#include <cstring>
+#include <optional>
+#include <string>
+
+#include "platform/qt/built_ins.h"
+#include "platform/qt/text.h"
+
+namespace sorvex {
+namespace {
+
+/// The value that a widget shows of a property.
+template <class T>
+class Shown {
+ public:
+  /// True when `value` is not what is shown; from then on it counts as shown.
+  bool Take(const T& value) {
+    if (value_ == value) return false;
+    value_ = value;
+    return true;
+  }
+
+ private:
+  std::optional<T> value_;
+};
+
+QRect ToQt(const Rectangle& r) { return {r.left, r.top, r.Width(), r.Height()}; }
+
+// Moves the widget to `bounds` of its container's drawing area and gives it the control's visibility.
+void Place(QWidget& widget, const Control& control, const QRect& bounds) {
+  const int frame = control.Container == nullptr ? 0 : FrameWidth(control.Container->BorderStyle);
+  const QRect moved = bounds.translated(frame, frame);
+  if (widget.geometry() != moved) widget.setGeometry(moved);
+  if (widget.isHidden() == control.Visible) widget.setVisible(control.Visible);
+}
+
+void AllowFocus(QWidget& widget, const Control& control) {
+  widget.setFocusPolicy(control.TabIndex >= 0 ? Qt::StrongFocus : Qt::NoFocus);
+}
+
+class SurfaceWidget final : public PointerArea, public ControlWidget {
+ public:
+  SurfaceWidget(PictureBox& surface, FormContext& context, QWidget* parent)
+      : PointerArea(context, &surface, parent), ControlWidget(surface), control_(surface) {
+    AllowFocus(*this, surface);
+  }
+
+  QWidget& Widget() override { return *this; }
+
+  void Sync() override {
+    Place(*this, control_, ToQt(PixelBounds(control_)));
+    if (look_.Take(CurrentLook()) || paintOwed_) update();
+  }
+
+ protected:
+  void paintEvent(QPaintEvent* event) override {
+    RaisePaint();
+    QPainter painter(this);
+    const int frame = FrameWidth(control_.BorderStyle);
+    const QRect inner = rect().adjusted(frame, frame, -frame, -frame);
+    if (!inner.contains(event->rect())) PaintFrame(painter);
+    PaintImage(painter, inner);
+  }
+
+ private:
+  // What tells that another image is to be shown. Drawing on the same image is shown by a refresh.
+  struct Look {
+    const Pixel* pixels;
+    const PictureData* picture;
+    Size size;
+    Color background;
+    bool operator==(const Look&) const = default;
+  };
+
+  Look CurrentLook() const {
+    const Bitmap& image = control_.Image();
+    return {image.Pixels().data(), control_.PictureObject().get(), image.Extent(), control_.BackColor};
+  }
+
+  void RaisePaint() {
+    if (control_.AutoRedraw || !control_.Paint) return;
+    paintOwed_ = !context_.handlers.MayRun();
+    context_.handlers.Run(control_.Paint);
+  }
+
+  void PaintFrame(QPainter& painter) const {
+    if (control_.BorderStyle == Frame::Flat) PaintEdge(painter, rect(), Qt::black, Qt::black);
+    if (control_.BorderStyle != Frame::Sunken) return;
+    PaintEdge(painter, rect(), QColor(128, 128, 128), QColor(255, 255, 255));
+    PaintEdge(painter, rect().adjusted(1, 1, -1, -1), QColor(64, 64, 64), QColor(223, 223, 223));
+  }
+
+  // One pixel all round, the corners at the top right and bottom left in the lower colour.
+  static void PaintEdge(QPainter& painter, const QRect& r, const QColor& upper, const QColor& lower) {
+    painter.fillRect(r.left(), r.top(), r.width() - 1, 1, upper);
+    painter.fillRect(r.left(), r.top(), 1, r.height() - 1, upper);
+    painter.fillRect(r.left(), r.bottom(), r.width(), 1, lower);
+    painter.fillRect(r.right(), r.top(), 1, r.height(), lower);
+  }
+
+  void PaintImage(QPainter& painter, const QRect& inner) {
+    const Picture& picture = control_.PictureObject();
+    const Bitmap* pixels = control_.AutoRedraw ? &control_.Image() : picture ? &picture->pixels : nullptr;
+    const bool covers = pixels != nullptr && pixels->Extent() == Size{inner.width(), inner.height()};
+    if (!covers) painter.fillRect(inner, sorvex::ToQt(context_.desktop.ResolveColor(control_.BackColor)));
+    if (pixels == nullptr || pixels->Bounds().Empty()) return;
+    painter.setClipRect(inner, Qt::IntersectClip);
+    const QImage image = ViewOf(*pixels);
+    if (devicePixelRatioF() == 1.0)
+      painter.drawImage(inner.topLeft(), image);
+    else
+      PaintScaled(painter, image, inner.topLeft());
+  }
+
+  // The toolkit's own scaling may choose a neighbouring pixel; a pointer place must mean what is seen there.
+  void PaintScaled(QPainter& painter, const QImage& image, QPoint corner) {
+    const double scale = devicePixelRatioF();
+    const QPoint origin = mapTo(window(), corner);
+    const auto firstOf = [scale](int logical) { return static_cast<int>(std::ceil(logical * scale - 0.5)); };
+    const int left = firstOf(origin.x());
+    const int top = firstOf(origin.y());
+    const QSize size(firstOf(origin.x() + image.width()) - left, firstOf(origin.y() + image.height()) - top);
+    if (scaled_.size() != size) scaled_ = QImage(size, QImage::Format_RGB32);
+    int above = -1;
+    for (int y = 0; y < size.height(); ++y) {
+      const int row = LogicalPixel(top + y, scale) - origin.y();
+      auto* to = reinterpret_cast<Pixel*>(scaled_.scanLine(y));
+      if (row == above) {
+        std::memcpy(to, scaled_.constScanLine(y - 1), static_cast<std::size_t>(size.width()) * sizeof(Pixel));
+        continue;
+      }
+      above = row;
+      const auto* from = reinterpret_cast<const Pixel*>(image.constScanLine(row));
+      for (int x = 0; x < size.width(); ++x) to[x] = from[LogicalPixel(left + x, scale) - origin.x()];
+    }
+    painter.setClipping(false);
+    const QPoint window = mapTo(this->window(), QPoint());
+    painter.setWorldTransform(QTransform::fromScale(1 / scale, 1 / scale));
+    painter.drawImage(QPointF(left - window.x() * scale, top - window.y() * scale), scaled_);
+  }
+
+  PictureBox& control_;
+  Shown<Look> look_;
+  QImage scaled_;
+  bool paintOwed_ = false;  // painted while no handler could run: the Paint event is still to come
+};
+
+class ButtonWidget final : public QPushButton, public ControlWidget {
+ public:
+  ButtonWidget(CommandButton& button, FormContext& context, QWidget* parent)
+      : QPushButton(parent), ControlWidget(button), control_(button) {
+    setAutoDefault(false);
+    setDefault(button.Default);
+    setCursor(Qt::ArrowCursor);
+    setAttribute(Qt::WA_NoMousePropagation);
+    AllowFocus(*this, button);
+    connect(this, &QPushButton::clicked, this, [&] { context.handlers.Run(button.Click); });
+  }
+
+  QWidget& Widget() override { return *this; }
+  void Click() override { click(); }
+
+  void Sync() override {
+    Place(*this, control_, ToQt(PixelBounds(control_)));
+    if (caption_.Take(control_.Caption)) setText(sorvex::ToQt(control_.Caption));
+    if (toolTip_.Take(control_.ToolTipText)) setToolTip(sorvex::ToQt(control_.ToolTipText));
+  }
+
+ protected:
+  bool event(QEvent* event) override {
+    if (event->type() != QEvent::Shortcut) return QPushButton::event(event);
+    // The toolkit would show the button pressed for a tenth of a second before the click.
+    setFocus(Qt::ShortcutFocusReason);
+    click();
+    return true;
+  }
+
+  void keyPressEvent(QKeyEvent* event) override {
+    // The window decides what Enter means.
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+      event->ignore();
+    else
+      QPushButton::keyPressEvent(event);
+  }
+
+ private:
+  CommandButton& control_;
+  Shown<std::string> caption_;
+  Shown<std::string> toolTip_;
+};
+
+/// Something drawn on its container: pointer events go through it.
+template <class Base>
+class Drawn : public Base, public ControlWidget {
+ public:
+  Drawn(Control& control, QWidget* parent) : Base(parent), ControlWidget(control) {
+    Base::setAttribute(Qt::WA_TransparentForMouseEvents);
+  }
+  QWidget& Widget() override { return *this; }
+  bool IsWindowed() const override { return false; }
+};
+
+class LabelWidget final : public Drawn<QLabel> {
+ public:
+  LabelWidget(Label& label, FormContext& context, QWidget* parent) : Drawn(label, parent), control_(label), context_(context) {
+    setTextFormat(Qt::PlainText);
+  }
+
+  void Sync() override {
+    const QRect bounds = ToQt(PixelBounds(control_));
+    const Style style{control_.ForeColor, control_.BackColor, control_.Transparent, control_.WordWrap, control_.Align,
+                      bounds.size()};
+    const bool newCaption = caption_.Take(control_.Caption);
+    const bool newFont = font_.Take(control_.Font);
+    if (newCaption) setText(sorvex::ToQt(control_.Caption));
+    if (newFont) setFont(sorvex::ToQt(control_.Font));
+    const bool newStyle = style_.Take(style);
+    if (newCaption || newFont || newStyle) {
+      MeasureText();
+      update();
+    }
+    Place(*this, control_, QRect(bounds.topLeft(), bounds.size().expandedTo(textSize_)));
+    if (toolTip_.Take(control_.ToolTipText)) setToolTip(sorvex::ToQt(control_.ToolTipText));
+  }
+
+ protected:
+  void paintEvent(QPaintEvent* /*event*/) override {
+    QPainter painter(this);
+    if (!control_.Transparent)
+      painter.fillRect(rect(), sorvex::ToQt(context_.desktop.ResolveColor(control_.BackColor)));
+    painter.setFont(font());
+    painter.setPen(sorvex::ToQt(context_.desktop.ResolveColor(control_.ForeColor)));
+    painter.drawText(rect(), TextFlags(control_.Align, control_.WordWrap), text());
+  }
+
+ private:
+  struct Style {
+    Color fore;
+    Color back;
+    bool transparent;
+    bool wordWrap;
+    Alignment align;
+    QSize size;
+    bool operator==(const Style&) const = default;
+  };
+
+  // An auto-size label shows its whole text even before its size was set to it.
+  void MeasureText() {
+    textSize_ = QSize(0, 0);
+    if (!control_.AutoSize) return;
+    const int wrapWidth = control_.WordWrap ? PixelBounds(control_).Width() : 0;
+    const Size size = TextSize(control_.Font, control_.Caption, wrapWidth);
+    textSize_ = QSize(size.width, size.height);
+  }
+
+  Label& control_;
+  FormContext& context_;
+  Shown<std::string> caption_;
+  Shown<Font> font_;
+  Shown<Style> style_;
+  Shown<std::string> toolTip_;
+  QSize textSize_{0, 0};
+};
+
+class ImageWidget final : public Drawn<QWidget> {
+ public:
+  ImageWidget(Image& image, FormContext& context, QWidget* parent) : Drawn(image, parent), control_(image), context_(context) {}
+
+  void Sync() override {
+    Place(*this, control_, ToQt(PixelBounds(control_)));
+    if (picture_.Take(control_.Picture)) update();
+    if (toolTip_.Take(control_.ToolTipText)) setToolTip(sorvex::ToQt(control_.ToolTipText));
+  }
+
+  /// A click without a pointer, for assistive technology.
+  void Press() {
+    const float x = control_.Width / 2;
+    const float y = control_.Height / 2;
+    context_.handlers.Run([&] {
+      if (control_.Click) return control_.Click();
+      if (control_.MouseDown) control_.MouseDown(kLeftButton, 0, x, y);
+      if (control_.MouseUp) control_.MouseUp(kLeftButton, 0, x, y);
+    });
+  }
+
+ protected:
+  void paintEvent(QPaintEvent* /*event*/) override {
+    if (control_.Picture == BuiltIn::None) return;
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.drawImage(rect(), BuiltInImage(control_.Picture, (QSizeF(size()) * devicePixelRatioF()).toSize()));
+  }
+
+ private:
+  Image& control_;
+  FormContext& context_;
+  Shown<BuiltIn> picture_;
+  Shown<std::string> toolTip_;
+};
+
+class AccessibleImage final : public QAccessibleWidget {
+ public:
+  explicit AccessibleImage(ImageWidget* image)
+      : QAccessibleWidget(image, QAccessible::Button, image->toolTip()), image_(image) {}
+
+  QString text(QAccessible::Text kind) const override {
+    return kind == QAccessible::Name ? image_->toolTip() : QAccessibleWidget::text(kind);
+  }
+  QStringList actionNames() const override { return {pressAction()}; }
+  void doAction(const QString& name) override {
+    if (name == pressAction()) image_->Press();
+  }
+
+ private:
+  ImageWidget* image_;
+};
+
+class LineWidget final : public Drawn<QWidget> {
+ public:
+  LineWidget(Line& line, QWidget* parent) : Drawn(line, parent), control_(line) {}
+
+  void Sync() override {
+    const QRect bounds = ToQt(PixelBounds(control_));
+    Place(*this, control_, QRect(bounds.topLeft(), bounds.size() + QSize(1, 1)));
+  }
+
+ protected:
+  void paintEvent(QPaintEvent* /*event*/) override {
+    QPainter(this).drawLine(0, 0, width() - 1, height() - 1);
+  }
+
+ private:
+  Line& control_;
+};
+
+class ShapeWidget final : public Drawn<QWidget> {
+ public:
+  ShapeWidget(Shape& shape, FormContext& context, QWidget* parent) : Drawn(shape, parent), control_(shape), context_(context) {}
+
+  void Sync() override {
+    Place(*this, control_, ToQt(PixelBounds(control_)));
+    if (color_.Take(control_.FillColor)) update();
+  }
+
+ protected:
+  void paintEvent(QPaintEvent* /*event*/) override {
+    QPainter(this).fillRect(rect(), sorvex::ToQt(context_.desktop.ResolveColor(control_.FillColor)));
+  }
+
+ private:
+  Shape& control_;
+  FormContext& context_;
+  Shown<Color> color_;
+};
+
+class ListWidget final : public QListWidget, public ControlWidget {
+ public:
+  ListWidget(ListBox& list, FormContext& context, QWidget* parent)
+      : QListWidget(parent), ControlWidget(list), control_(list) {
+    setCursor(Qt::ArrowCursor);
+    setAttribute(Qt::WA_NoMousePropagation);
+    setEditTriggers(NoEditTriggers);
+    AllowFocus(*this, list);
+    connect(this, &QListWidget::itemSelectionChanged, this, [this] {
+      if (!syncing_) control_.ListIndex = SelectedRow();
+    });
+    connect(this, &QListWidget::itemDoubleClicked, this, [&] { context.handlers.Run(list.DoubleClick); });
+  }
+
+  QWidget& Widget() override { return *this; }
+
+  void Sync() override {
+    Place(*this, control_, ToQt(PixelBounds(control_)));
+    if (toolTip_.Take(control_.ToolTipText)) setToolTip(sorvex::ToQt(control_.ToolTipText));
+    syncing_ = true;
+    if (list_.Take(control_.List)) {
+      clear();
+      for (const std::string& entry : control_.List) addItem(sorvex::ToQt(entry));
+    }
+    if (SelectedRow() != control_.ListIndex) {
+      clearSelection();
+      if (control_.ListIndex >= 0) setCurrentRow(control_.ListIndex);
+    }
+    syncing_ = false;
+  }
+
+ private:
+  int SelectedRow() const {
+    const QModelIndexList selected = selectedIndexes();
+    return selected.isEmpty() ? -1 : selected.front().row();
+  }
+
+  ListBox& control_;
+  Shown<std::vector<std::string>> list_;
+  Shown<std::string> toolTip_;
+  bool syncing_ = false;
+};
+
+QAccessibleInterface* MakeAccessible(const QString& /*className*/, QObject* object) {
+  auto* image = dynamic_cast<ImageWidget*>(object);
+  return image == nullptr ? nullptr : new AccessibleImage(image);
+}
+
+}  // namespace
+
+ControlWidget* MakeControlWidget(Control& control, FormContext& context, QWidget* parent) {
+  if (auto* surface = dynamic_cast<PictureBox*>(&control)) return new SurfaceWidget(*surface, context, parent);
+  if (auto* button = dynamic_cast<CommandButton*>(&control)) return new ButtonWidget(*button, context, parent);
+  if (auto* label = dynamic_cast<Label*>(&control)) return new LabelWidget(*label, context, parent);
+  if (auto* image = dynamic_cast<Image*>(&control)) return new ImageWidget(*image, context, parent);
+  if (auto* list = dynamic_cast<ListBox*>(&control)) return new ListWidget(*list, context, parent);
+  if (auto* line = dynamic_cast<Line*>(&control)) return new LineWidget(*line, parent);
+  if (auto* shape = dynamic_cast<Shape*>(&control)) return new ShapeWidget(*shape, context, parent);
+  return nullptr;
+}
+
+void InstallAccessibility() { QAccessible::installFactory(&MakeAccessible); }
+
+}  // namespace sorvex

@@ -1,0 +1,233 @@
+// SPDX-License-Identifier: MIT
+// Windows and waits, and the desktop's services.
+#include "platform/qt/qt_desktop.h"
+
+#include <QCursor>
+#include <QDate>
+#include <QDesktopServices>
+#include <QDialog>
+#include <QEventLoop>
+#include <QFile>
+#include <QLocale>
+#include <QStyle>
+#include <QStyleFactory>
+#include <QUrl>
+#include <algorithm>
+#include <chrono>
+#include <utility>
+
+#include "platform/posix/write_whole_file.h"
+#include "platform/qt/boxes.h"
+#include "platform/qt/built_ins.h"
+#include "platform/qt/form_window.h"
+#include "platform/qt/text.h"
+#include "platform/version.h"
+
+namespace sorvex {
+namespace {
+
+// The same look on every desktop.
+void ChooseLook() {
+  QStyle* style = QStyleFactory::create(QStringLiteral("Fusion"));
+  QApplication::setStyle(style);
+  QApplication::setPalette(style->standardPalette());
+  QApplication::setFont(ToQt(Font{"Arial", 9.75F, 400, false}));
+}
+
+}  // namespace
+
+struct QtDesktop::ShownForm {
+  Form& form;
+  FormWindow window;
+  QEventLoop* loop = nullptr;
+};
+
+/// The session manager ends programs with a quit request.
+class QtDesktop::SessionEnd final : public QObject {
+ public:
+  explicit SessionEnd(QtDesktop& desktop) : desktop_(desktop) { qApp->installEventFilter(this); }
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (watched != qApp || event->type() != QEvent::Quit) return false;
+    desktop_.EndSession();
+    return true;
+  }
+
+ private:
+  QtDesktop& desktop_;
+};
+
+QtDesktop::QtDesktop(int& argc, char** argv)
+    : application_(argc, argv),
+      handlers_([this] { Sync(); }),
+      registry_(DefaultRegistryPath()),
+      sessionEnd_(std::make_unique<SessionEnd>(*this)),
+      signals_([this] { EndSession(); }) {
+  // Every queued movement is delivered.
+  QCoreApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, false);
+  QCoreApplication::setAttribute(Qt::AA_CompressTabletEvents, false);
+  // A message may be shown and closed while there is no window yet.
+  QApplication::setQuitOnLastWindowClosed(false);
+  ChooseLook();
+  InstallAccessibility();
+}
+
+QtDesktop::~QtDesktop() = default;
+
+QtDesktop::ShownForm* QtDesktop::Find(const Form* form) const {
+  const auto found = std::ranges::find_if(shown_, [form](const auto& shown) { return &shown->form == form; });
+  return found == shown_.end() ? nullptr : found->get();
+}
+
+void QtDesktop::Remove(const Form& form) {
+  std::erase_if(shown_, [&form](const auto& shown) { return &shown->form == &form; });
+}
+
+void QtDesktop::Show(Form& form, Form* owner) {
+  form.Loaded = true;
+  ShownForm* shown = Find(&form);
+  if (shown == nullptr) {
+    const ShownForm* owning = Find(owner);
+    FormWindow* parent = owning == nullptr ? nullptr : const_cast<FormWindow*>(&owning->window);
+    auto context = std::make_unique<FormContext>(FormContext{form, *this, handlers_});
+    shown = shown_.emplace_back(new ShownForm{form, {std::move(context), parent}}).get();
+  }
+  QEventLoop loop;
+  shown->loop = &loop;
+  Wait(loop, [shown] { shown->window.Open(); });
+  Remove(form);
+}
+
+void QtDesktop::DeliverEvents() {
+  handlers_.Serve(nullptr, [this] {
+    Sync();
+    for (std::size_t i = 0; i < shown_.size(); ++i) shown_[i]->window.RunTimers();
+    QCoreApplication::processEvents();
+  });
+}
+
+void QtDesktop::Refresh(PictureBox& surface) {
+  Sync();
+  for (const auto& shown : shown_)
+    if (QWidget* widget = shown->window.WidgetOf(surface)) widget->repaint();
+}
+
+void QtDesktop::ShowMessage(const std::string& text, const std::string& title, BoxIcon icon) {
+  MessageDialog box(text, title, icon, ActiveWindow());
+  RunDialog(box);
+}
+
+std::string QtDesktop::InputBox(const std::string& prompt, const std::string& title) {
+  InputDialog box(prompt, title, ActiveWindow());
+  RunDialog(box);
+  return box.Answer();
+}
+
+void QtDesktop::Sync() {
+  for (const auto& shown : shown_) {
+    shown->window.Sync();
+    if (!shown->form.Loaded && shown->loop != nullptr) shown->loop->quit();
+  }
+}
+
+void QtDesktop::Wait(QEventLoop& loop, const std::function<void()>& begin) {
+  handlers_.Serve(&loop, [&] {
+    for (std::size_t i = 0; i < shown_.size(); ++i) shown_[i]->window.LosePointer();
+    Sync();
+    if (!handlers_.Leaving()) begin();
+    if (!handlers_.Leaving()) loop.exec();
+  });
+}
+
+void QtDesktop::RunDialog(QDialog& dialog) {
+  QEventLoop loop;
+  QObject::connect(&dialog, &QDialog::finished, &loop, &QEventLoop::quit);
+  Wait(loop, [&dialog] { dialog.show(); });
+}
+
+void QtDesktop::EndSession() {
+  if (shown_.empty())
+    handlers_.Run([] { throw ProgramEnded{}; });
+  else
+    shown_.front()->window.Unload();
+}
+
+QWidget* QtDesktop::ActiveWindow() const { return shown_.empty() ? nullptr : &shown_.back()->window; }
+
+std::optional<Bitmap> QtDesktop::DecodeBitmap(std::string_view bytes) {
+  const QImage image = QImage::fromData(QByteArrayView(bytes.data(), static_cast<qsizetype>(bytes.size())), "BMP");
+  if (image.isNull()) return std::nullopt;
+  return CopyOf(image);
+}
+
+Picture QtDesktop::BuiltInPicture(BuiltIn which) { return MakePicture(CopyOf(BuiltInImage(which, QSize()))); }
+
+Size QtDesktop::MeasureText(const Font& font, const std::string& text, int wrapWidth) {
+  return TextSize(font, text, wrapWidth);
+}
+
+Pixel QtDesktop::ResolveColor(Color color) { return Resolve(color); }
+
+Size QtDesktop::TwipsPerPixel() {
+  // The toolkit scales its pixels by what the screen asks for, so one is always 1/96 inch.
+  return {15, 15};
+}
+
+Long QtDesktop::TickCount() {
+  const auto sinceStart = std::chrono::steady_clock::now().time_since_epoch();
+  const auto milliseconds = std::chrono::duration_cast<std::chrono::milliseconds>(sinceStart).count();
+  return static_cast<Long>(static_cast<std::uint32_t>(milliseconds));
+}
+
+ScreenPoint QtDesktop::PointerPosition() {
+  const QPoint place = QCursor::pos();
+  return {place.x(), place.y()};
+}
+
+void QtDesktop::PlayWave(const std::string& path) { sounds_.Play(path); }
+
+void QtDesktop::PrepareWaves(std::span<const std::string> paths) { sounds_.Prepare(paths); }
+
+void QtDesktop::OpenAddress(const std::string& address) { QDesktopServices::openUrl(QUrl(ToQt(address))); }
+
+std::string QtDesktop::ShortDate() {
+  return FromQt(QLocale::system().toString(QDate::currentDate(), QLocale::ShortFormat));
+}
+
+std::string QtDesktop::ProgramFolder() {
+  return QFile::encodeName(QCoreApplication::applicationDirPath()).toStdString();
+}
+
+VersionInfo QtDesktop::Version() {
+  return {version::kTitle,    version::kMajor,    version::kMinor,
+          version::kRevision, version::kComments, version::kLegalCopyright};
+}
+
+void QtDesktop::WriteWholeFile(const std::string& path, std::string_view bytes) {
+  sorvex::WriteWholeFile(path, bytes);
+}
+
+Long QtDesktop::RegistryOpen(RegistryKey hive, const std::string& name, std::uint32_t access, RegistryKey& key) {
+  return registry_.Open(hive, name, access, key);
+}
+
+Long QtDesktop::RegistryCreate(RegistryKey hive, const std::string& name, std::uint32_t access, RegistryKey& key) {
+  return registry_.Create(hive, name, access, key);
+}
+
+Long QtDesktop::RegistryQuery(RegistryKey key, const std::string& name, std::uint32_t& type, void* data,
+                              std::uint32_t& size) {
+  return registry_.Query(key, name, type, data, size);
+}
+
+Long QtDesktop::RegistrySet(RegistryKey key, const std::string& name, std::uint32_t type, const void* data,
+                            std::uint32_t size) {
+  return registry_.Set(key, name, type, data, size);
+}
+
+Long QtDesktop::RegistryClose(RegistryKey key) { return registry_.Close(key); }
+
+std::unique_ptr<Desktop> MakeDesktop(int& argc, char** argv) { return std::make_unique<QtDesktop>(argc, argv); }
+
+}  // namespace sorvex

@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: MIT
+// The desktop as Qt 6 gives it.
+#pragma once
+
+#include <QApplication>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/desktop.h"
+#include "platform/posix/registry_file.h"
+#include "platform/qt/handlers.h"
+#include "platform/qt/sounds.h"
+#include "platform/qt/termination_signals.h"
+
+class QDialog;
+
+namespace sorvex {
+
+class FormWindow;
+
+class QtDesktop final : public Desktop {
+ public:
+  QtDesktop(int& argc, char** argv);
+  ~QtDesktop() override;
+
+  void Show(Form& form, Form* owner) override;
+  void DeliverEvents() override;
+  void Refresh(PictureBox& surface) override;
+  void ShowMessage(const std::string& text, const std::string& title, BoxIcon icon) override;
+  std::string InputBox(const std::string& prompt, const std::string& title) override;
+
+  std::optional<Bitmap> DecodeBitmap(std::string_view bytes) override;
+  Picture BuiltInPicture(BuiltIn which) override;
+  Size MeasureText(const Font& font, const std::string& text, int wrapWidth) override;
+  Pixel ResolveColor(Color color) override;
+  Size TwipsPerPixel() override;
+
+  Long TickCount() override;
+  ScreenPoint PointerPosition() override;
+  void PlayWave(const std::string& path) override;
+  void PrepareWaves(std::span<const std::string> paths) override;
+  void OpenAddress(const std::string& address) override;
+  std::string ShortDate() override;
+  std::string ProgramFolder() override;
+  VersionInfo Version() override;
+  void WriteWholeFile(const std::string& path, std::string_view bytes) override;
+
+  Long RegistryOpen(RegistryKey hive, const std::string& name, std::uint32_t access, RegistryKey& key) override;
+  Long RegistryCreate(RegistryKey hive, const std::string& name, std::uint32_t access, RegistryKey& key) override;
+  Long RegistryQuery(RegistryKey key, const std::string& name, std::uint32_t& type, void* data,
+                     std::uint32_t& size) override;
+  Long RegistrySet(RegistryKey key, const std::string& name, std::uint32_t type, const void* data,
+                   std::uint32_t size) override;
+  Long RegistryClose(RegistryKey key) override;
+
+ private:
+  class SessionEnd;
+  struct ShownForm;
+
+  ShownForm* Find(const Form* form) const;
+  void Remove(const Form& form);
+  void Sync();
+  void Wait(QEventLoop& loop, const std::function<void()>& begin);
+  void RunDialog(QDialog& dialog);
+  void EndSession();
+  QWidget* ActiveWindow() const;
+
+  QApplication application_;
+  Handlers handlers_;
+  std::vector<std::unique_ptr<ShownForm>> shown_;  // innermost last
+  Sounds sounds_;
+  RegistryFile registry_;
+  std::unique_ptr<SessionEnd> sessionEnd_;
+  TerminationSignals signals_;
+};
+
+}  // namespace sorvex
