@@ -55,12 +55,14 @@ Story& Story::Start() {
   return Then([this] { form.Command1.Click(); }).Frames(1);
 }
 
+Story& Story::Grab(int x, int y) { return Press(x, y).Drag(x, y); }
+
 Story& Story::PutIn(const TestTheme& theme, int i) {
   const TestItem& item = theme.items[static_cast<std::size_t>(i)];
   const int x = item.RestX() + 7;
   const int y = item.RestY() + 6;
   return Hover(x, y)
-      .Press(x, y)
+      .Grab(x, y)
       .Drag(x + 2, item.contY - 20)
       .Drag(theme.targetX + theme.target.width / 2, theme.targetY + theme.target.height / 2)
       .Release();

@@ -9,6 +9,7 @@
 #include "platform/headless/headless_desktop.h"
 #include "platform/input.h"
 #include "startup/program.h"
+#include "support/printers.h"
 #include "support/temp_folder.h"
 #include "support/theme_folder.h"
 
@@ -31,6 +32,8 @@ class Story {
   // Each queues a few.
   /// A click on Start and the delivery that ends the theme's loading: what follows comes from the first frame on.
   Story& Start();
+  /// A press, and the movement on the spot that makes an item with an opaque pixel there follow.
+  Story& Grab(int x, int y);
   /// Takes item `i` of `theme`, at rest in its cup, out of it and to the target.
   Story& PutIn(const TestTheme& theme, int i);
 

@@ -1,0 +1,195 @@
+// SPDX-License-Identifier: MIT
+// Hover, press, drag and release on the play field.
+#include "game/pointer_handlers.h"
+
+#include <gtest/gtest.h>
+
+#include "game/return_item.h"
+#include "support/random_surfaces.h"
+#include "support/story.h"
+
+namespace sorvex {
+namespace {
+
+using Names = std::vector<std::string>;
+
+// The cups stand at 20, 80, 140; 20 and are 40 x 60; their items rest at 25, 85, 145; 63, are 14 x 12 and transparent
+// in their left two columns. The handlers need no game to run, so that each case is one call.
+class Pointer : public testing::Test {
+ protected:
+  Pointer() : form(story.form), state(story.state), game(story.program.game) {}
+
+  void Press(float x, float y) { PicCanvas_MouseDown(game, kLeftButton, x, y); }
+  void Move(float x, float y) { PicCanvas_MouseMove(game, x, y); }
+
+  Story story;
+  frmMain& form;
+  modVariables& state;
+  Game& game;
+};
+
+TEST_F(Pointer, HoveringSelectsStrictlyInsideAContainerInPlay) {
+  const struct {
+    float x, y;
+    int selected;
+  } cases[] = {{80, 30, 0}, {80.5F, 30, 1}, {119, 30, 1}, {120, 30, 0}, {90, 20, 0},
+               {90, 21, 1}, {90, 79, 1},    {90, 80, 0},  {500, -9, 0}, {141, 79, 2}};
+  for (const auto& c : cases) {
+    state.CurItem = state.CurCont = 0;
+    Move(c.x, c.y);
+    EXPECT_EQ(state.CurItem, c.selected) << c.x << ", " << c.y;
+    EXPECT_EQ(state.CurCont, c.selected) << c.x << ", " << c.y;
+  }
+  state.ContInPlay(1) = false;
+  Move(90, 30);
+  EXPECT_EQ(state.CurCont, 2) << "a container out of play is not selected";
+  state.ContX(2) = state.ContX(0);
+  Move(30, 30);
+  EXPECT_EQ(state.CurCont, 0) << "of two that overlap the lower number is selected";
+}
+
+TEST_F(Pointer, APressPicksUpTheLowestItemStrictlyInsideItsRectangle) {
+  const struct {
+    float x, y;
+    bool hits;
+  } cases[] = {{85, 70, false}, {85.5F, 70, true}, {98, 70, true}, {99, 70, false},
+               {90, 63, false}, {90, 64, true},    {90, 74, true}, {90, 75, false}};
+  for (const auto& c : cases) {
+    state.CurItem = 0;
+    story.desktop.Waves.clear();
+    Press(c.x, c.y);
+    EXPECT_EQ(state.CurItem, c.hits ? 1 : 0) << c.x << ", " << c.y;
+    EXPECT_EQ(story.desktop.Waves.size(), c.hits ? 1U : 0U) << c.x << ", " << c.y;
+  }
+  state.ItemX(2) = state.ItemX(1);
+  state.ItemInPlay(1) = false;
+  Press(90, 70);
+  EXPECT_EQ(state.CurItem, 1) << "also one that is put in, and although 2 is drawn over it";
+  EXPECT_EQ(state.CurCont, 0) << "a press selects no container";
+}
+
+TEST_F(Pointer, EveryPressTakesTheGrabOffsetsRoundedHalfToEven) {
+  Press(90.5F, 71.5F);
+  EXPECT_EQ(form.GrabX, 6);  // 5.5
+  EXPECT_EQ(form.GrabY, 8);  // 8.5
+  Press(300, 200);
+  EXPECT_EQ(form.GrabX, 300 - 85) << "a press on nothing measures from the current item";
+  EXPECT_EQ(form.GrabY, 200 - 63);
+  EXPECT_TRUE(form.MouseHeld);
+  Move(92, 70);
+  EXPECT_TRUE(form.Dragging) << "and the item follows once the held pointer reaches it";
+  EXPECT_EQ(state.ItemX(1), 92 - 215);
+}
+
+TEST_F(Pointer, AnItemFollowsOnceTheHeldPointerIsOnAnOpaquePixel) {
+  Press(86, 70);
+  Move(86, 70);
+  EXPECT_FALSE(form.Dragging) << "transparent there";
+  EXPECT_EQ(story.Sounds(), Names{"Pickup"});
+  Move(87, 70);
+  EXPECT_TRUE(form.Dragging);
+  EXPECT_EQ(state.ItemX(1), 86);
+  Move(-50, 400.5F);
+  EXPECT_EQ(state.ItemX(1), -51);
+  EXPECT_EQ(state.ItemY(1), 394) << "393.5 rounds to even";
+}
+
+TEST_F(Pointer, HoveringSelectsNothingWhileTheButtonIsHeld) {
+  Press(300, 200);
+  Move(90, 30);
+  EXPECT_EQ(state.CurCont, 0);
+}
+
+TEST_F(Pointer, OnlyTheLeftButtonPicksUpAndAnyLetsGo) {
+  PicCanvas_MouseDown(game, kRightButton, 90, 70);
+  PicCanvas_MouseDown(game, kMiddleButton, 90, 70);
+  EXPECT_FALSE(form.MouseHeld);
+  EXPECT_TRUE(story.desktop.Waves.empty());
+
+  const PictureBox* const field = &form.PicCanvas;
+  story.pointer.Press(const_cast<PictureBox*>(field), kLeftButton, 0, 90, 70);
+  story.pointer.Move(const_cast<PictureBox*>(field), 0, 90, 50);
+  Move(90, 70);
+  Move(90, 40);
+  story.pointer.Press(const_cast<PictureBox*>(field), kRightButton, 0, 90, 40);
+  story.pointer.Release(kRightButton, 0, 90, 40);
+  EXPECT_FALSE(form.Dragging);
+  EXPECT_EQ(story.Sounds(), (Names{"Pickup", "LetGo"}));
+  EXPECT_EQ(state.ItemY(1), 63);
+}
+
+TEST_F(Pointer, TwoPressesInQuickSuccessionAreTwo) {
+  for (int i = 0; i < 2; ++i) {
+    story.pointer.Press(&form.PicCanvas, kLeftButton, 0, 90, 70);
+    story.pointer.Release(kLeftButton, 0, 90, 70);
+  }
+  EXPECT_EQ(story.Sounds(), (Names{"Pickup", "Pickup"}));
+}
+
+TEST_F(Pointer, MovementIsIgnoredInTheLockOutPressesAndReleasesAreNot) {
+  ReturnItem(game);
+  Move(90, 30);
+  EXPECT_EQ(state.CurCont, 0);
+  Press(90, 70);
+  Move(90, 60);
+  EXPECT_EQ(state.CurItem, 1);
+  EXPECT_FALSE(form.Dragging);
+  PicCanvas_MouseUp(game);
+  EXPECT_FALSE(form.MouseHeld);
+}
+
+TEST_F(Pointer, OnlyPureBlackOfTheMaskIsOpaque) {
+  Bitmap pixels({5, 1}, kWhite);
+  const Pixel colours[] = {kBlack, 0xFF010000, 0xFF000001, 0xFF808080, kWhite};
+  for (int x = 0; x < 5; ++x) pixels.Row(0)[x] = colours[x];
+  const PictureBox mask = AutoSurface(pixels);
+  for (Integer x = -1; x < 6; ++x)
+    EXPECT_EQ(CheckForDrag(game, static_cast<Integer>(x + 100), 7, 100, 7, mask), x == 0);
+  EXPECT_FALSE(CheckForDrag(game, 100, 8, 100, 7, mask));
+  EXPECT_FALSE(CheckForDrag(game, 100, 6, 100, 7, mask));
+}
+
+TEST_F(Pointer, AnErrorInTheMaskTestIsShownAndCountsAsNo) {
+  state.ItemX(0) = -30000;
+  form.MouseHeld = true;
+  Move(5000, 10);
+  EXPECT_EQ(story.desktop.Boxes,
+            (std::vector<HeadlessDesktop::Box>{
+                {"Err: 6\r\nOverflow\r\nError from CheckForDrag function", "Sorvex", BoxIcon::Exclamation}}));
+  EXPECT_FALSE(form.Dragging);
+}
+
+// --- handlers when no game could run ---
+
+TEST(PointerWithoutAGame, HandlersRunBeforeAnyThemeAndWithoutItems) {
+  for (const bool themeExists : {false, true}) {
+    Story story(themeExists ? std::vector<TestTheme>{CupTheme(0)} : std::vector<TestTheme>{});
+    Game& game = story.program.game;
+    PicCanvas_MouseMove(game, 30, 30);
+    PicCanvas_MouseDown(game, kLeftButton, 30, 30);
+    PicCanvas_MouseMove(game, 31, 30);
+    PicCanvas_MouseUp(game);
+    EXPECT_TRUE(story.Sounds().empty());
+    EXPECT_EQ(story.state.CurItem, 0);
+    story.form.tmrChangePicBack.Tick();
+    story.form.Image1.Click();
+    story.form.cmdShowHighscores.Click();
+    story.form.picHighScores.Paint();
+    story.form.cmdHideScores.Click();
+  }
+}
+
+TEST(PointerWithoutAGame, AThemeWithoutItemsAfterAFullOneStillTestsSlotZero) {
+  const TestTheme empty = CupTheme(0, "Empty");
+  Story story({CupTheme(3), empty});
+  story.state.CurItem = 2;
+  story.state.ThemeName = "Empty";
+  story.Start().Frames(1);
+  story.Run();
+  ASSERT_EQ(story.desktop.Boxes.size(), 1U) << "only the result: element 0 was there to be tested";
+  EXPECT_EQ(story.desktop.Boxes[0].text, "Game Over\r\nYou took: 0 seconds");
+  EXPECT_EQ(story.form.PicSprite.Count(), 1);
+}
+
+}  // namespace
+}  // namespace sorvex

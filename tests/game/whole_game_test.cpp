@@ -1,0 +1,318 @@
+// SPDX-License-Identifier: MIT
+// Games from Start to their end, however it comes.
+#include <gtest/gtest.h>
+
+#include "support/field_painter.h"
+#include "support/story.h"
+#include "themes/load_theme.h"
+
+namespace sorvex {
+namespace {
+
+using Box = HeadlessDesktop::Box;
+using Names = std::vector<std::string>;
+
+Box GameOverAfter(const std::string& seconds) {
+  return {"Game Over\r\nYou took: " + seconds + " seconds", "Sorvex", BoxIcon::None};
+}
+
+TEST(WholeGame, EndsInTheTableAndTheFile) {
+  const TestTheme theme = CupTheme(3);
+  Story story({theme});
+  story.desktop.MillisecondsPerDelivery = 10;
+  story.desktop.TypeName = [] { return "Zo\xC3\xAB, \"the\" 2nd"; };
+  bool panelWaited = false;
+  story.desktop.WhileBoxOpen = [&](const Box&) {
+    panelWaited = !story.form.picHighScores.Visible && story.form.lblTime.Caption == "0.18";
+  };
+  story.Start().PutIn(theme, 0).PutIn(theme, 1).PutIn(theme, 2).Frames(1);
+  story.Run();
+
+  EXPECT_EQ(story.desktop.Boxes, std::vector<Box>{GameOverAfter("0.18")});
+  EXPECT_TRUE(panelWaited);
+  ASSERT_EQ(story.desktop.Prompts.size(), 1U);
+  EXPECT_EQ(story.desktop.Prompts[0].prompt, "What is your name?");
+  EXPECT_EQ(story.desktop.Prompts[0].title, "You got a highscore");
+  EXPECT_EQ(story.Sounds(), (Names{"Pickup", "PutInCont", "Pickup", "PutInCont", "Pickup", "PutInCont"}));
+  EXPECT_TRUE(story.form.picHighScores.Visible);
+  EXPECT_TRUE(story.form.StopRendering);
+  EXPECT_TRUE(story.state.GameEnded);
+  EXPECT_EQ(story.Rows()[0], "Zo\xC3\xAB, |03/14/26|0.18") << "reread from the file: a quote ends a field";
+  EXPECT_EQ(story.Rows()[1], "Nobody|00/00/00|100");
+  std::string file = "\"Zo\xC3\xAB, \"the\" 2nd\"\r\n\"03/14/26\"\r\n\"0.18\"\r\n";
+  for (int row = 1; row < 10; ++row) file += "\"Nobody\"\r\n\"00/00/00\"\r\n\"100\"\r\n";
+  EXPECT_EQ(ReadWholeFile(story.ThemeFile("HighScores.ini")), file);
+}
+
+TEST(WholeGame, ShowsEveryPixelAsTheRasterOperationsSay) {
+  const TestTheme theme = CupTheme(3);
+  Story story({theme});
+  const FieldPainter painter(story.ThemeFile("bg.bmp").parent_path(), theme.targetX, theme.targetY);
+  const auto expect = [&](const char* when, std::vector<Placed> items, std::optional<Placed> container) {
+    story.Then([=, &story] { EXPECT_EQ(story.Field(), painter.Paint(items, container)) << when; });
+  };
+  const Placed rest0{0, 25, 63}, rest1{1, 85, 63}, rest2{2, 145, 63};
+  const Placed cup0{0, 20, 20}, cup1{1, 80, 20};
+
+  story.Start();
+  expect("at the start", {rest0, rest1, rest2}, cup0);
+  story.Hover(90, 30);
+  expect("while hovering", {rest0, rest1, rest2}, cup1);
+  story.Grab(95, 70).Drag(97, 5);
+  expect("with the item partly above the field", {rest0, {1, 87, -2}, rest2}, cup1);
+  story.Drag(400, 300);
+  expect("with the item beyond the field", {rest0, {1, 390, 293}, rest2}, cup1);
+  story.Drag(270, 195);
+  story.Frames(1);
+  expect("once it is put in", {rest0, rest2}, std::nullopt);
+  story.Release();
+  story.Hover(30, 30).Grab(35, 70).Drag(60, 150).Release();
+  expect("after it was let go", {rest0, rest2}, cup0);
+  EXPECT_EQ(story.Run(), Story::End::ScriptEnded);
+}
+
+TEST(WholeGame, AThemeWithoutItemsIsOverInItsFirstFrame) {
+  Story story({CupTheme(0)});
+  story.Start().Frames(1);
+  story.Run();
+  EXPECT_EQ(story.desktop.Boxes, std::vector<Box>{GameOverAfter("0")});
+  EXPECT_EQ(story.desktop.FramesShown, 1);
+  EXPECT_EQ(story.Rows()[0], "|03/14/26|0") << "an empty name is a name";
+}
+
+TEST(WholeGame, ATimeThatBeatsNothingStillShowsThePanelReread) {
+  const TestTheme theme = CupTheme(1);
+  Story story({theme});
+  story.Start().Then([&] { WriteFile(story.ThemeFile("HighScores.ini"), HighScoreFile({"1", "2", "3"})); });
+  story.Wait(100000).PutIn(theme, 0);
+  story.Run();
+  EXPECT_EQ(story.desktop.Boxes, std::vector<Box>{GameOverAfter("100")});
+  EXPECT_TRUE(story.desktop.Prompts.empty());
+  EXPECT_TRUE(story.form.picHighScores.Visible);
+  EXPECT_EQ(story.Rows()[2], "P2|01/02/03|3");
+}
+
+// --- Start at other times ---
+
+TEST(SecondStart, AbandonsTheGameAndOnlyTheLastOneReports) {
+  const TestTheme theme = CupTheme(1);
+  Story story({theme});
+  story.Start().Hover(30, 30).Grab(32, 70).Drag(34, 5).Wait(5000);
+  story.Start().Frames(1).Then([&] {
+    EXPECT_EQ(story.state.ItemX(0), 25) << "a new game begins at the start positions";
+    EXPECT_EQ(story.form.lblTime.Caption, "0");
+    EXPECT_TRUE(story.form.MouseHeld && story.form.Dragging) << "Start does not let go of the pointer";
+  });
+  story.Release().Wait(1000).PutIn(theme, 0).Frames(2);
+  story.Run();
+  EXPECT_EQ(story.desktop.Boxes, std::vector<Box>{GameOverAfter("1")});
+}
+
+TEST(SecondStart, NestsNothingHoweverOftenItComes) {
+  const TestTheme theme = CupTheme(1);
+  Story story({theme});
+  const char* lowest = nullptr;
+  const char* highest = nullptr;
+  for (int i = 0; i < 300; ++i)
+    story.Start().Then([&] {
+      const char here = 0;
+      const char* const at = &here;
+      lowest = lowest == nullptr ? at : std::min(lowest, at);
+      highest = std::max(highest, at);
+    });
+  story.PutIn(theme, 0);
+  story.Run();
+  EXPECT_EQ(story.desktop.Boxes.size(), 1U);
+  EXPECT_LT(highest - lowest, 4096) << "the stack grows with every Start";
+}
+
+TEST(SecondStart, InADoubleClickMakesOneGame) {
+  const TestTheme theme = CupTheme(1);
+  Story story({theme});
+  const auto click = [&] { story.form.Command1.Click(); };
+  story.Then(click).Then(click).PutIn(theme, 0).Frames(3);
+  story.Run();
+  EXPECT_EQ(story.desktop.Boxes.size(), 1U);
+}
+
+TEST(SecondStart, WhileTheResultIsShownDoesNotDisturbIt) {
+  const TestTheme theme = CupTheme(1);
+  Story story({theme});
+  bool pressed = false;
+  story.desktop.WhileBoxOpen = [&](const Box&) {
+    if (!std::exchange(pressed, true)) story.form.Command1.Click();
+  };
+  story.Start().PutIn(theme, 0).Frames(4);
+  story.Run();
+  EXPECT_EQ(story.desktop.Boxes.size(), 1U);
+  EXPECT_EQ(story.Rows()[0], "|03/14/26|0");
+}
+
+TEST(SecondStart, WhileAThemeIsMissingLeavesTheWindowUsable) {
+  const TestTheme theme = CupTheme(1);
+  Story story({theme});
+  std::filesystem::rename(story.ThemeFile("Theme.ini"), story.ThemeFile("away"));
+  const auto click = [&] { story.form.Command1.Click(); };
+  story.Then(click).Then([&] {
+    EXPECT_EQ(story.desktop.Boxes.size(), 2U);
+    EXPECT_EQ(story.desktop.FramesShown, 0) << "no loop runs on the old state";
+    std::filesystem::rename(story.ThemeFile("away"), story.ThemeFile("Theme.ini"));
+  });
+  story.Start().Frames(1);
+  story.Run();
+  EXPECT_GT(story.desktop.FramesShown, 0);
+}
+
+// --- other ways to end ---
+
+TEST(ThemeChosenInAGame, EndsItWithoutAReport) {
+  const struct {
+    int items;
+    const char* what;
+  } cases[] = {{1, "fewer items than the current one's number"}, {0, "no items"}, {5, "more items"}};
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.what);
+    const TestTheme other = CupTheme(c.items, "Other");
+    Story story({CupTheme(3), other});
+    story.Start().Hover(150, 30).Grab(152, 70).Drag(154, 5);
+    story.Then([&] {
+      story.state.ThemeName = "Other";
+      LoadTheme(story.program.game, "Other");
+    });
+    story.Frames(3).Then([&] { EXPECT_EQ(story.desktop.FramesShown, 5) << "a loop still runs"; });
+    story.Hover(30, 30).Release();
+    story.Run();
+    EXPECT_TRUE(story.desktop.Boxes.empty());
+    EXPECT_EQ(story.state.LastItem, c.items - 1);
+    EXPECT_FALSE(story.state.GameEnded);
+    EXPECT_EQ(story.form.Caption, "Sorvex - Other");
+  }
+}
+
+TEST(ClosingTheWindow, EndsTheProgramInEveryStateWithNothingRecorded) {
+  const TestTheme theme = CupTheme(1);
+  const struct {
+    const char* when;
+    std::function<void(Story&)> play;
+  } cases[] = {
+      {"idle", [](Story& story) { story.Then([&] { story.form.Unload(); }); }},
+      {"in a game", [](Story& story) { story.Start().Frames(2).Then([&] { story.form.Unload(); }); }},
+      {"while the theme loads",
+       [](Story& story) { story.Then([&] { story.form.Command1.Click(); }).Then([&] { story.form.Unload(); }); }},
+      {"right after a slide",
+       [](Story& story) {
+         story.Start().Hover(30, 30).Grab(32, 70).Drag(34, 5).Then([&] {
+           story.pointer.Release(kLeftButton, 0, 0, 0);
+           story.form.Unload();
+         });
+       }},
+      {"while the result is shown",
+       [&](Story& story) {
+         story.desktop.WhileBoxOpen = [&](const Box&) { story.form.Unload(); };
+         story.Start().PutIn(theme, 0);
+       }},
+      {"while the name is asked for",
+       [&](Story& story) {
+         story.desktop.TypeName = [&]() -> std::string {
+           story.form.Unload();
+           return "late";
+         };
+         story.Start().PutIn(theme, 0);
+       }},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.when);
+    Story story({theme});
+    c.play(story);
+    EXPECT_EQ(story.Run(), Story::End::ProgramEnded);
+    EXPECT_TRUE(story.form.StopRendering);
+    EXPECT_FALSE(story.form.picHighScores.Visible);
+    EXPECT_EQ(ReadWholeFile(story.ThemeFile("HighScores.ini")), theme.highScores);
+  }
+}
+
+// --- errors ---
+
+TEST(AnErrorInTheLoop, IsShownAndEndsTheGame) {
+  TestTheme far = CupTheme(1);
+  far.items[0].x = 30000;
+  far.items[0].contX = -30000;
+  Story story({far});
+  story.Start().Frames(2);
+  story.Run();
+  EXPECT_EQ(
+      story.desktop.Boxes,
+      (std::vector<Box>{{"Error: 6\r\nOverflow\r\nProblem in main rendering loop", "uhh oh!!", BoxIcon::Critical}}));
+  EXPECT_TRUE(story.form.StopRendering);
+  EXPECT_FALSE(story.state.GameEnded);
+  EXPECT_EQ(story.desktop.FramesShown, 1);
+}
+
+TEST(AnErrorInTheLoop, ComesFromTheClockAndFromHandlersToo) {
+  const struct {
+    const char* what;
+    std::function<void(Story&)> play;
+  } cases[] = {
+      {"a tick difference beyond a Long",
+       [](Story& story) {
+         story.desktop.Now = -2000000000;
+         story.Start().Wait(2147483647).Wait(100);
+       }},
+      {"a press beyond an Integer",
+       [](Story& story) { story.Start().Then([&] { story.form.PicCanvas.MouseDown(1, 0, 40000, 0); }); }},
+      {"a rest place beyond an Integer",
+       [](Story& story) {
+         story.Start().Then([&] {
+           story.state.ContX(0) = 32765;
+           story.form.Dragging = true;
+           story.form.PicCanvas.MouseUp(1, 0, 0, 0);
+         });
+       }},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.what);
+    Story story({CupTheme(1)});
+    c.play(story);
+    story.Frames(1);
+    story.Run();
+    ASSERT_EQ(story.desktop.Boxes.size(), 1U);
+    EXPECT_EQ(story.desktop.Boxes[0].text, "Error: 6\r\nOverflow\r\nProblem in main rendering loop");
+    EXPECT_TRUE(story.form.StopRendering);
+  }
+}
+
+TEST(AnErrorInTheLoop, LetsTheBoxBeOpenWhileOthersRun) {
+  Story story({CupTheme(1)});
+  int clicks = 0;
+  story.desktop.WhileBoxOpen = [&](const Box&) {
+    if (clicks++ == 0) story.form.Command1.Click();
+  };
+  story.Start().Then([&] { story.form.PicCanvas.MouseDown(1, 0, 40000, 0); });
+  story.Frames(3);
+  story.Run();
+  EXPECT_EQ(story.desktop.Boxes.size(), 1U);
+}
+
+TEST(AFailingSave, KeepsTheEntryInTheRowsAndEndsWithAReport) {
+  const TestTheme theme = CupTheme(1);
+  const RuntimeError failures[] = {PathAccessError(), DiskFull(), PathNotFound()};
+  for (const RuntimeError& failure : failures) {
+    Story story({theme});
+    story.desktop.WriteFailure = failure;
+    story.desktop.TypeName = [] { return "Ann"; };
+    story.Start().PutIn(theme, 0).Frames(1);
+    story.Run();
+    ASSERT_EQ(story.desktop.Boxes.size(), 2U);
+    EXPECT_EQ(story.desktop.Boxes[1], (Box{"Error: " + std::to_string(failure.Number()) + "\r\n" +
+                                               failure.Description() + "\r\nProblem in main rendering loop",
+                                           "uhh oh!!", BoxIcon::Critical}));
+    EXPECT_EQ(story.Rows()[0], "Ann|03/14/26|0");
+    EXPECT_FALSE(story.form.picHighScores.Visible);
+    EXPECT_FALSE(story.state.GameEnded);
+    EXPECT_TRUE(story.form.StopRendering);
+    EXPECT_EQ(ReadWholeFile(story.ThemeFile("HighScores.ini")), theme.highScores);
+  }
+}
+
+}  // namespace
+}  // namespace sorvex

@@ -1,0 +1,139 @@
+// SPDX-License-Identifier: MIT
+// The default theme as it ships: complete, in keeping with the drawing convention, and solvable.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <queue>
+#include <vector>
+
+#include "game/collision.h"
+#include "support/story.h"
+
+namespace sorvex {
+namespace {
+
+class Theme1 : public testing::Test {
+ protected:
+  static std::filesystem::path Shipped() { return std::filesystem::path(SORVEX_SOURCE_FOLDER) / "themes" / "Theme1"; }
+
+  Theme1() : story(std::vector<TestTheme>{}), form(story.form), state(story.state) {
+    const std::filesystem::path copy = story.ThemeFile("Theme.ini").parent_path();
+    std::filesystem::create_directories(copy);
+    for (const auto& entry : std::filesystem::directory_iterator(Shipped()))
+      if (entry.is_regular_file()) std::filesystem::copy_file(entry.path(), copy / entry.path().filename());
+    story.desktop.Boxes.clear();
+    story.Start().Frames(1);
+    story.Run();
+  }
+
+  Integer RestX(Long item) const { return static_cast<Integer>(state.ContX(item) + 5); }
+  Integer RestY(Long item) const {
+    const int height = form.picCont(item).ScaleSize().height - form.PicSprite(item).ScaleSize().height;
+    return static_cast<Integer>(state.ContY(item) + height - 5);
+  }
+  bool Touches(Long item, int x, int y) {
+    return HitsContainer(static_cast<Integer>(x), static_cast<Integer>(y), state.ContX(item), state.ContY(item),
+                         form.PicMask(item), form.PicContMask(item), form.picCD);
+  }
+  bool CanBeDraggedOut(Long item);
+
+  Story story;
+  frmMain& form;
+  modVariables& state;
+};
+
+TEST_F(Theme1, LoadsWithoutAWord) {
+  EXPECT_TRUE(story.desktop.Boxes.empty());
+  EXPECT_GE(state.LastItem, 7);
+  const Size field = form.PicCanvas.ScaleSize();
+  EXPECT_GE(field.height, 230);
+  EXPECT_LE(field.height, 252) << "the image that opens the chooser would be covered";
+  EXPECT_FALSE(form.ThemeDescription.empty());
+  EXPECT_FALSE(form.ThemeDate.empty());
+  for (const std::string& row : story.Rows()) EXPECT_EQ(row, "Nobody|00/00/00|100");
+  for (const std::string& wave : story.desktop.PreparedWaves)
+    EXPECT_EQ(ReadWholeFile(wave).substr(0, 4), "RIFF") << wave;
+}
+
+TEST_F(Theme1, ItemsStartAtRestWithoutAContact) {
+  for (Long i = 0; i <= state.LastItem; ++i) {
+    EXPECT_EQ(state.ItemX(i), RestX(i)) << "item " << i;
+    EXPECT_EQ(state.ItemY(i), RestY(i)) << "item " << i;
+    Touches(i, RestX(i), RestY(i));  // the first test of a larger item sees only part of it
+    EXPECT_FALSE(Touches(i, RestX(i), RestY(i))) << "item " << i;
+    const Rectangle at = Rectangle::At(RestX(i), RestY(i), form.PicSprite(i).ScaleSize());
+    EXPECT_EQ(Intersection(at, form.PicCanvas.Image().Bounds()), at) << "item " << i << " rests outside the field";
+  }
+}
+
+TEST_F(Theme1, MasksArePureAndAgreeWithTheirPictures) {
+  const auto check = [](const PictureBox& picture, const PictureBox& mask, const std::string& what) {
+    ASSERT_EQ(picture.ScaleSize(), mask.ScaleSize()) << what;
+    int opaque = 0;
+    int coloured = 0;
+    for (int y = 0; y < mask.Image().Height(); ++y) {
+      for (int x = 0; x < mask.Image().Width(); ++x) {
+        const Pixel pixel = mask.Image().At(x, y);
+        const bool isWhite = picture.Image().At(x, y) == kWhite;
+        ASSERT_TRUE(pixel == kBlack || pixel == kWhite) << what << " at " << x << ", " << y;
+        ASSERT_TRUE(pixel == kBlack || isWhite) << what << " tints the background at " << x << ", " << y;
+        opaque += pixel == kBlack ? 1 : 0;
+        coloured += isWhite ? 0 : 1;
+      }
+    }
+    EXPECT_GT(opaque, 20) << what;
+    EXPECT_GT(coloured * 2, opaque) << what << " is mostly white where its mask is opaque";
+  };
+  for (int i = 0; i <= state.LastItem; ++i) {
+    check(form.PicSprite(i), form.PicMask(i), "item " + std::to_string(i));
+    check(form.picCont(i), form.PicContMask(i), "container " + std::to_string(i));
+  }
+  check(form.PicPlainSprite(0), form.PicPlainMask(0), "the target");
+}
+
+// Breadth-first over the places that the item can be moved to pixel by pixel without a contact.
+bool Theme1::CanBeDraggedOut(Long item) {
+  const Size field = form.PicCanvas.ScaleSize();
+  const Rectangle places{-60, -60, field.width + 60, field.height + 60};
+  const Rectangle container = Rectangle::At(state.ContX(item), state.ContY(item), form.picCont(item).ScaleSize());
+  const Size size = form.PicSprite(item).ScaleSize();
+  std::vector<bool> seen(static_cast<std::size_t>(places.Width() * places.Height()));
+  std::queue<std::pair<int, int>> next;
+  next.emplace(RestX(item), RestY(item));
+  while (!next.empty()) {
+    const auto [x, y] = next.front();
+    next.pop();
+    if (Intersection(Rectangle::At(x, y, size), container).Empty()) return true;
+    for (const auto& [dx, dy] : {std::pair{1, 0}, {-1, 0}, {0, 1}, {0, -1}}) {
+      if (!places.Contains(x + dx, y + dy)) continue;
+      const auto index = static_cast<std::size_t>((y + dy - places.top) * places.Width() + x + dx - places.left);
+      if (seen[index] || Touches(item, x + dx, y + dy)) continue;
+      seen[index] = true;
+      next.emplace(x + dx, y + dy);
+    }
+  }
+  return false;
+}
+
+TEST_F(Theme1, EveryItemCanBeDraggedOut) {
+  for (Long i = 0; i <= state.LastItem; ++i) {
+    Touches(i, RestX(i), RestY(i));
+    EXPECT_TRUE(CanBeDraggedOut(i)) << "item " << i;
+  }
+}
+
+TEST_F(Theme1, ContainersCanBeReachedAndTheTargetIsClear) {
+  const Rectangle target = Rectangle::At(state.PlainX(0), state.PlainY(0), form.PicPlainSprite(0).ScaleSize());
+  EXPECT_EQ(Intersection(target, form.PicCanvas.Image().Bounds()), target);
+  for (Long i = 0; i <= state.LastItem; ++i) {
+    const Rectangle container = Rectangle::At(state.ContX(i), state.ContY(i), form.picCont(i).ScaleSize());
+    EXPECT_TRUE(Intersection(container, target).Empty()) << "container " << i << " lies over the target";
+    for (Long lower = 0; lower < i; ++lower) {
+      const Rectangle other = Rectangle::At(state.ContX(lower), state.ContY(lower), form.picCont(lower).ScaleSize());
+      EXPECT_NE(Intersection(container, other), container) << lower << " hides container " << i;
+    }
+  }
+}
+
+}  // namespace
+}  // namespace sorvex

@@ -1,0 +1,140 @@
+// SPDX-License-Identifier: MIT
+// The grammar of the three text files, and the bitmaps that are refused before a reader sees them.
+#include "themes/theme_files.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+#include "support/theme_folder.h"
+#include "themes/bitmap_check.h"
+
+namespace sorvex {
+namespace {
+
+std::string Refusal(const std::function<void()>& parse) {
+  try {
+    parse();
+    return "accepted";
+  } catch (const ThemeError& error) {
+    return error.what();
+  }
+}
+
+std::string Lines(int count) {
+  std::string text;
+  for (int i = 0; i < count; ++i) text += std::to_string(i) + "\r\n";
+  return text;
+}
+
+TEST(ThemeIni, GroupsOfFourLinesAreItems) {
+  const ItemTable two = ParseItems("10\r\n20\r\n200\r\n20\r\n 10\t\r\n-120\r\n12.5\r\n13.5");
+  EXPECT_EQ(two.LastItem, 1);
+  EXPECT_EQ(two.ItemX(0), 10);
+  EXPECT_EQ(two.ItemY(0), 20);
+  EXPECT_EQ(two.ContX(0), 200);
+  EXPECT_EQ(two.ContY(0), 20);
+  EXPECT_EQ(two.ItemY(1), -120);
+  EXPECT_EQ(two.ContX(1), 12);
+  EXPECT_EQ(two.ContY(1), 14);
+  EXPECT_TRUE(two.ItemInPlay(1) && two.ContInPlay(1));
+  EXPECT_FALSE(two.ItemInPlay(2) || two.ContInPlay(2));
+  EXPECT_EQ(two.ItemX(2), 0);
+  EXPECT_THROW(two.ItemX(21), RuntimeError);
+
+  EXPECT_EQ(ParseItems("").LastItem, -1);
+  EXPECT_EQ(ParseItems("1\n2\n3\n4\n").LastItem, 0) << "LF alone ends a line";
+  EXPECT_EQ(ParseItems(Lines(84)).LastItem, 20);
+}
+
+TEST(ThemeIni, SaysWhichLineCannotBeUsed) {
+  const struct {
+    std::string text;
+    const char* reason;
+  } cases[] = {
+      {"1\r\n2\r\nabc\r\n4\r\n", "Theme.ini, line 3: 'abc' is not a number"},
+      {Lines(6) + "1e3\r\n8\r\n", "Theme.ini, line 7: '1e3' is not a number"},
+      {"1,2\r\n2\r\n3\r\n4\r\n", "Theme.ini, line 1: '1,2' is not a number"},
+      {"1\r\n\r\n3\r\n4\r\n", "Theme.ini, line 2: a blank line is not a number"},
+      {Lines(4) + "\r\n", "Theme.ini, line 5: a blank line is not a number"},
+      {Lines(4) + "   ", "Theme.ini, line 5: a blank line is not a number"},
+      {"32768\r\n2\r\n3\r\n4\r\n", "Theme.ini, line 1: '32768' is not between -32768 and 32767"},
+      {"1\r\n-32768.6\r\n3\r\n4\r\n", "Theme.ini, line 2: '-32768.6' is not between -32768 and 32767"},
+      {Lines(7), "Theme.ini, line 7: the last item has 3 of its 4 lines"},
+      {Lines(85), "Theme.ini, line 85: a theme has at most 21 items"},
+  };
+  for (const auto& c : cases) EXPECT_EQ(Refusal([&] { ParseItems(c.text); }), c.reason);
+}
+
+TEST(Theme2Ini, HoldsTwoNumbers) {
+  const struct {
+    const char* text;
+    int x, y;
+  } cases[] = {{"250,180", 250, 180},
+               {"250\r\n180\r\n", 250, 180},
+               {"\"250\",\"180\"", 250, 180},
+               {",180", 0, 180},
+               {"\r\n7", 0, 7},
+               {"2.5, 3.5, more", 2, 4},
+               {"-5,\r\n", -5, 0},
+               {"1\n2\nabc", 1, 2}};
+  for (const auto& c : cases) {
+    const Target target = ParseTarget(c.text);
+    EXPECT_EQ(target.x, c.x) << c.text;
+    EXPECT_EQ(target.y, c.y) << c.text;
+  }
+  EXPECT_EQ(Refusal([] { ParseTarget("250"); }), "Theme2.ini: fewer than two numbers");
+  EXPECT_EQ(Refusal([] { ParseTarget(""); }), "Theme2.ini: fewer than two numbers");
+  EXPECT_EQ(Refusal([] { ParseTarget("1\r\nx"); }), "Theme2.ini, line 2: 'x' is not a number");
+  EXPECT_EQ(Refusal([] { ParseTarget("40000,1"); }), "Theme2.ini, line 1: '40000' is not between -32768 and 32767");
+}
+
+TEST(ThemeDetailsIni, KeepsCommasInQuotesOnly) {
+  const struct {
+    const char* text;
+    const char* description;
+    const char* date;
+  } cases[] = {{"\"Tubes, and more\"\r\n\"May 2026\"\r\n", "Tubes, and more", "May 2026"},
+               {"Tubes, and more\r\nMay 2026", "Tubes", "and more"},
+               {"only one", "only one", ""},
+               {"", "", ""},
+               {"\"a\r\nb\",c", "a\r\nb", "c"}};
+  for (const auto& c : cases) {
+    const Details details = ParseDetails(c.text);
+    EXPECT_EQ(details.description, c.description);
+    EXPECT_EQ(details.date, c.date);
+  }
+}
+
+TEST(BitmapCheck, RefusesSizesThatTheFileCannotHold) {
+  const std::string good = BmpBytes(Bitmap({7, 5}, kWhite));
+  const auto with = [&](std::size_t at, const std::string& bytes) {
+    std::string changed = good;
+    return changed.replace(at, bytes.size(), bytes);
+  };
+  using namespace std::string_literals;
+  EXPECT_TRUE(HoldsDeclaredBitmap(good));
+  EXPECT_TRUE(HoldsDeclaredBitmap(with(22, "\xFB\xFF\xFF\xFF"))) << "rows from the top";
+  EXPECT_TRUE(HoldsDeclaredBitmap(good.substr(0, good.size() - 3))) << "the last row's padding may be missing";
+  const struct {
+    const char* what;
+    std::string bytes;
+  } cases[] = {
+      {"empty", ""},
+      {"another kind of file", "\x89PNG\r\n" + good.substr(6)},
+      {"only headers", good.substr(0, 54)},
+      {"rows missing", good.substr(0, good.size() - 4)},
+      {"60000 x 60000", with(18, "\x60\xEA\0\0\x60\xEA\0\0"s)},
+      {"no width", with(18, "\0\0\0\0"s)},
+      {"negative width", with(18, "\xFF\xFF\xFF\xFF")},
+      {"no height", with(22, "\0\0\0\0"s)},
+      {"lowest height", with(22, "\0\0\0\x80"s)},
+      {"pixels beyond the end", with(10, "\xFF\xFF\0\0"s)},
+      {"a header longer than the file", with(14, "\xFF\xFF\xFF\x7F")},
+      {"runs without an end", with(30, "\x01\0\0\0"s).substr(0, 60)},
+  };
+  for (const auto& c : cases) EXPECT_FALSE(HoldsDeclaredBitmap(c.bytes)) << c.what;
+}
+
+}  // namespace
+}  // namespace sorvex
