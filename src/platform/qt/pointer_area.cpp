@@ -96,7 +96,8 @@ QPoint PointerArea::PlaceOf(const QMouseEvent& event) const {
   const auto seenAt = [scale](double logical) {
     return LogicalPixel(static_cast<int>(std::floor(logical * scale + kTolerance)), scale);
   };
-  const QPointF inWindow = event.scenePosition();
+  // Not the event's own place in the window: an Enter event sent on the way to this widget overwrites that.
+  const QPointF inWindow = event.position() + QPointF(mapTo(window(), QPoint()));
   const QPoint corner = mapTo(window(), QPoint(FrameOffset(), FrameOffset()));
   return QPoint(seenAt(inWindow.x()), seenAt(inWindow.y())) - corner;
 }
