@@ -106,12 +106,10 @@ TEST_F(Pointer, OnlyTheLeftButtonPicksUpAndAnyLetsGo) {
   EXPECT_FALSE(form.MouseHeld);
   EXPECT_TRUE(story.desktop.Waves.empty());
 
-  const PictureBox* const field = &form.PicCanvas;
-  story.pointer.Press(const_cast<PictureBox*>(field), kLeftButton, 0, 90, 70);
-  story.pointer.Move(const_cast<PictureBox*>(field), 0, 90, 50);
-  Move(90, 70);
-  Move(90, 40);
-  story.pointer.Press(const_cast<PictureBox*>(field), kRightButton, 0, 90, 40);
+  story.pointer.Press(&form.PicCanvas, kLeftButton, 0, 90, 70);
+  story.pointer.Move(&form.PicCanvas, 0, 90, 70);
+  story.pointer.Move(&form.PicCanvas, 0, 90, 40);
+  story.pointer.Press(&form.PicCanvas, kRightButton, 0, 90, 40);
   story.pointer.Release(kRightButton, 0, 90, 40);
   EXPECT_FALSE(form.Dragging);
   EXPECT_EQ(story.Sounds(), (Names{"Pickup", "LetGo"}));
@@ -177,6 +175,17 @@ TEST(PointerWithoutAGame, HandlersRunBeforeAnyThemeAndWithoutItems) {
     story.form.picHighScores.Paint();
     story.form.cmdHideScores.Click();
   }
+}
+
+TEST(PointerWithoutAGame, AfterOneAnItemPutInIsPickedUpAndStaysOut) {
+  const TestTheme theme = CupTheme(1);
+  Story story({theme});
+  story.Start().PutIn(theme, 0).Hover(30, 30).Grab(270, 195).Drag(200, 100).Release().Hover(30, 30);
+  EXPECT_EQ(story.Run(), Story::End::ScriptEnded);
+  EXPECT_EQ(story.Sounds(), (Names{"Pickup", "PutInCont", "Pickup", "LetGo"}));
+  EXPECT_EQ(story.state.ItemX(0), 193);
+  EXPECT_FALSE(story.state.ItemInPlay(0));
+  EXPECT_EQ(story.desktop.Boxes.size(), 1U);
 }
 
 TEST(PointerWithoutAGame, AThemeWithoutItemsAfterAFullOneStillTestsSlotZero) {

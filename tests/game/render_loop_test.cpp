@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include "game/return_item.h"
 #include "support/field_painter.h"
 #include "support/story.h"
 
@@ -56,7 +57,8 @@ TEST(Frame, ContactSendsTheItemBackAndThenSounds) {
 }
 
 TEST(Frame, TestsTheItemsOwnContainerAndDrawsAndTakesOutTheCurrentOne) {
-  const TestTheme theme = CupTheme(3);
+  TestTheme theme = CupTheme(3);
+  theme.items[0].contSize.width = 26;
   Story story({theme});
   const FieldPainter painter(story.ThemeFile("bg.bmp").parent_path(), theme.targetX, theme.targetY);
   // Item 1 is picked up while container 0 is current: it touches its own container only.
@@ -66,11 +68,32 @@ TEST(Frame, TestsTheItemsOwnContainerAndDrawsAndTakesOutTheCurrentOne) {
     EXPECT_EQ(story.state.ItemX(1), 15) << "over container 0's wall without a contact";
     EXPECT_EQ(story.Field(), painter.Paint({{0, 25, 63}, {1, 15, 23}, {2, 145, 63}}, Placed{0, 20, 20}));
   });
-  story.Drag(270, 195).Frames(1).Then([&] {
+  story.Drag(117, 40).Then([&] { EXPECT_EQ(story.state.ItemX(1), 85) << "sent back by its own container's wall"; });
+  story.Wait(500).Grab(92, 70).Drag(270, 195).Frames(1).Then([&] {
     EXPECT_FALSE(story.state.ItemInPlay(1));
     EXPECT_TRUE(story.state.ContInPlay(1));
     EXPECT_FALSE(story.state.ContInPlay(0));
   });
+  EXPECT_EQ(story.Run(), Story::End::ScriptEnded);
+}
+
+TEST(Frame, MeasuresPicturesAndMasksEachForItsOwnUse) {
+  TestTheme theme = CupTheme(2);
+  Story story({theme});
+  story.Start().Hover(30, 30).Then([&] {
+    // As in a theme whose masks are larger than their pictures (14 x 12 and 40 x 30).
+    story.form.PicMask(0).SetPicture(MakeMask(Bitmap({34, 32}, kWhite)));
+    story.form.PicPlainMask(0).SetPicture(MakeMask(Bitmap({60, 50}, kWhite)));
+    story.form.PicContMask(0).SetPicture(MakeMask(Bitmap({90, 90}, kWhite)));
+  });
+  story.Press(45, 70).Then([&] { EXPECT_TRUE(story.Sounds().empty()) << "a press goes by the item's picture"; });
+  story.Release().Then([&] {
+    ReturnItem(story.program.game);
+    EXPECT_EQ(story.state.ItemY(0), 63) << "so does the rest place, and by the container's picture";
+    story.state.ItemX(0) = 300 - 17;  // the larger mask's centre on x = 300, inside 250 to 310
+    story.state.ItemY(0) = 220 - 16;
+  });
+  story.Then([&] { EXPECT_FALSE(story.state.ItemInPlay(0)) << "placement goes by the masks"; });
   EXPECT_EQ(story.Run(), Story::End::ScriptEnded);
 }
 

@@ -94,11 +94,11 @@ TEST(LabelRules, SizesItselfToItsCaption) {
   Label label;
   label.SetCaption(desktop, "12345");
   EXPECT_EQ(label.Width, 40);
-  EXPECT_EQ(label.Height, 19);
+  EXPECT_EQ(label.Height, 17);
   label.WordWrap = true;
   label.SetCaption(desktop, "123456789");
   EXPECT_EQ(label.Width, 40) << "wrapped text keeps the width";
-  EXPECT_EQ(label.Height, 38);
+  EXPECT_EQ(label.Height, 34);
 }
 
 }  // namespace

@@ -26,6 +26,13 @@ TEST(StartUp, RecordsTheFolderOfTheCopyThatRanLast) {
   EXPECT_EQ(Recorded(moved), Variant((story.folder.Path() / "moved").string()));
 }
 
+TEST(StartUp, TheBackgroundTimerTicksOnceHalfASecondLater) {
+  Story story;
+  story.Wait(499).Frames(1).Then([&] { EXPECT_TRUE(story.form.tmrChangePicBack.Enabled); });
+  story.Wait(1).Frames(1).Then([&] { EXPECT_FALSE(story.form.tmrChangePicBack.Enabled); });
+  EXPECT_EQ(story.Run(), Story::End::ScriptEnded);
+}
+
 TEST(StartUp, GoesOnWithoutAWritableRegistry) {
   TempFolder folder;
   WriteTheme(folder.Path(), CupTheme(1));

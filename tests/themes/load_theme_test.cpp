@@ -207,6 +207,9 @@ TEST(Fallback, EndsWhenTheDefaultThemeFailsToo) {
   };
   fs::rename(story.ThemeFile("Theme2.ini"), story.ThemeFile("away"));
   EXPECT_EQ(boxes(), (std::vector<Box>{Missing("Bad"), Missing("Theme1"), kNoDefault}));
+  story.desktop.Boxes.clear();
+  Choose(story, "Theme1");
+  EXPECT_EQ(story.desktop.Boxes, (std::vector<Box>{Missing("Theme1"), kNoDefault}));
   fs::rename(story.ThemeFile("away"), story.ThemeFile("Theme2.ini"));
   fs::resize_file(story.ThemeFile("bg.bmp"), 60);
   EXPECT_EQ(boxes(),

@@ -6,6 +6,8 @@
 
 #include <functional>
 
+#include "platform/headless/headless_desktop.h"
+#include "support/temp_folder.h"
 #include "support/theme_folder.h"
 #include "themes/bitmap_check.h"
 
@@ -134,6 +136,23 @@ TEST(BitmapCheck, RefusesSizesThatTheFileCannotHold) {
       {"runs without an end", with(30, "\x01\0\0\0"s).substr(0, 60)},
   };
   for (const auto& c : cases) EXPECT_FALSE(HoldsDeclaredBitmap(c.bytes)) << c.what;
+}
+
+// A reader like those of some systems, which take a file's word for its size.
+class TrustingDesktop : public HeadlessDesktop {
+ public:
+  using HeadlessDesktop::HeadlessDesktop;
+  std::optional<Bitmap> DecodeBitmap(std::string_view) override { return Bitmap({8, 8}); }
+};
+
+TEST(BitmapCheck, ComesBeforeTheSystemsReader) {
+  const TempFolder folder;
+  WriteTheme(folder.Path(), CupTheme(1));
+  TrustingDesktop desktop(folder.Path().string(), (folder.Path() / "registry.reg").string());
+  const std::filesystem::path theme = folder.Path() / "Theme1";
+  EXPECT_EQ(ReadTheme(desktop, theme.string()).pictures.size(), 1U);
+  std::filesystem::resize_file(theme / "pM.bmp", 100);
+  EXPECT_EQ(Refusal([&] { ReadTheme(desktop, theme.string()); }), "pM.bmp: not a bitmap that can be read");
 }
 
 }  // namespace

@@ -15,7 +15,7 @@ namespace sorvex {
 namespace {
 
 constexpr int kCharacterWidth = 8;
-constexpr int kLineHeight = 19;
+constexpr int kLineHeight = 17;  // not what the designed labels measure, so that layout cannot lean on it
 
 Size SizeOf(BuiltIn which) {
   switch (which) {
