@@ -9,6 +9,6 @@ inline constexpr int kMajor = 1;
 inline constexpr int kMinor = 0;
 inline constexpr int kRevision = 0;
 inline constexpr char kComments[] = "A game to test how accurate you are with the mouse";
-inline constexpr char kLegalCopyright[] = "Copyright (c) 2026 the Sorvex authors. MIT licence.";
+inline constexpr char kLegalCopyright[] = "(c) 2026 Sorvex authors, MIT licence";
 
 }  // namespace sorvex::version

@@ -163,7 +163,6 @@ class ButtonWidget final : public QPushButton, public ControlWidget {
   ButtonWidget(CommandButton& button, FormContext& context, QWidget* parent)
       : QPushButton(parent), ControlWidget(button), control_(button) {
     setAutoDefault(false);
-    setDefault(button.Default);
     setCursor(Qt::ArrowCursor);
     setAttribute(Qt::WA_NoMousePropagation);
     AllowFocus(*this, button);
@@ -172,6 +171,7 @@ class ButtonWidget final : public QPushButton, public ControlWidget {
 
   QWidget& Widget() override { return *this; }
   void Click() override { click(); }
+  void MarkForEnter(bool marked) override { setDefault(marked); }
 
   void Sync() override {
     Place(*this, control_, ToQt(PixelBounds(control_)));

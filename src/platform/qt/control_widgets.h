@@ -23,8 +23,9 @@ class ControlWidget {
   virtual void Sync() = 0;
   /// Buttons, surfaces and lists lie in front of the labels and images of their container.
   virtual bool IsWindowed() const { return true; }
-  /// What the keyboard does to a button; nothing for other controls.
+  /// What the keyboard does to a button, and how a button shows that Enter means it; nothing for other controls.
   virtual void Click() {}
+  virtual void MarkForEnter(bool /*marked*/) {}
 
  private:
   Control& subject_;

@@ -118,7 +118,9 @@ void FormWindow::SyncControls() {
       widget->second->Widget().setVisible(control->Visible);
     }
   }
-  if (widgets_.size() != before) Restack();
+  const bool grown = widgets_.size() != before;
+  if (grown) Restack();
+  if (grown || FocusedControl() != enterMarkedFor_) MarkButtonForEnter();
 }
 
 void FormWindow::DropWidgetsOfGoneControls() {
@@ -196,6 +198,12 @@ Control* FormWindow::FocusedControl() const {
 void FormWindow::LeaveGoneFocus() {
   const Control* focused = FocusedControl();
   if (focused != nullptr && !IsShown(*focused)) Focus(FocusAfter(context_.form, *focused));
+}
+
+void FormWindow::MarkButtonForEnter() {
+  enterMarkedFor_ = FocusedControl();
+  const CommandButton* marked = ButtonForEnter(context_.form, enterMarkedFor_);
+  for (const auto& [control, widget] : widgets_) widget->MarkForEnter(control == marked);
 }
 
 bool FormWindow::focusNextPrevChild(bool next) {

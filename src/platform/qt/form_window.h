@@ -51,6 +51,7 @@ class FormWindow final : public PointerArea {
   void SyncControls();
   void DropWidgetsOfGoneControls();
   void LeaveGoneFocus();
+  void MarkButtonForEnter();
   ControlWidget* Mirror(Control& control);
   void Restack();
   void ArmTimer();
@@ -64,6 +65,7 @@ class FormWindow final : public PointerArea {
   FormWindow* owner_;
   std::vector<Control*> mirrored_;  // the form's controls at the last synchronisation
   std::unordered_map<const Control*, ControlWidget*> widgets_;
+  const Control* enterMarkedFor_ = nullptr;  // the focus for which the buttons show what Enter means
   QTimer timer_;
   std::uint32_t timerDue_ = 0;  // the tick count for which timer_ is set
   std::string caption_;

@@ -24,6 +24,8 @@ class Handlers {
 
   /// True inside Serve, where handlers may run.
   bool MayRun() const { return innermost_ != nullptr && !ended_; }
+  /// True when a handler ended the program.
+  bool Ended() const { return ended_; }
   /// True when the innermost Serve is about to throw: no use in waiting.
   bool Leaving() const { return ended_ || (innermost_ != nullptr && innermost_->error); }
 

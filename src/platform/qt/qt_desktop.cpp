@@ -95,8 +95,17 @@ void QtDesktop::Show(Form& form, Form* owner) {
   }
   QEventLoop loop;
   shown->loop = &loop;
+  const struct Closing {
+    // An error that leaves the main form, still loaded, is reported over its window, and the form shown again.
+    ~Closing() {
+      shown.loop = nullptr;
+      if (modal || !shown.form.Loaded || desktop.handlers_.Ended()) desktop.Remove(shown.form);
+    }
+    QtDesktop& desktop;
+    ShownForm& shown;
+    bool modal;
+  } closing{*this, *shown, owner != nullptr};
   Wait(loop, [shown] { shown->window.Open(); });
-  Remove(form);
 }
 
 void QtDesktop::DeliverEvents() {

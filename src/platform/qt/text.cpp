@@ -11,21 +11,14 @@
 namespace sorvex {
 namespace {
 
-struct Family {
-  const char* name;
-  QStringList instead;
-  int weight = 0;  ///< of the families that stand in, 0: as asked for
-};
+constexpr char kHeavyFamily[] = "Arial Black";
 
-// A family that is installed comes first by its own name. The metric-compatible family of Arial serves the system face
-// as well; the heavy one has no heavier bold, so its weight is fixed.
-const Family& FamilyNamed(const std::string& name) {
-  static const QStringList plain{QStringLiteral("Liberation Sans"), QStringLiteral("Arimo")};
-  static const Family families[] = {
-      {"Arial Black", {QStringLiteral("Roboto"), QStringLiteral("Lato")}, QFont::Black},
-      {"", plain},
-  };
-  return name == families[0].name ? families[0] : families[1];
+// A family that is installed comes first by its own name. Liberation Sans has Arial's measures and serves for the
+// system's plain face as well; Inter's heaviest weight stands in for the heavy face.
+QStringList FamiliesFor(const std::string& name) {
+  QStringList families{QString::fromStdString(name)};
+  if (name == kHeavyFamily) families << QStringLiteral("Inter");
+  return families << QStringLiteral("Liberation Sans");
 }
 
 }  // namespace
@@ -39,11 +32,10 @@ QString ToQt(const std::string& text) {
 std::string FromQt(const QString& text) { return text.toStdString(); }
 
 QFont ToQt(const Font& font) {
-  const Family& family = FamilyNamed(font.family);
   QFont converted;
-  converted.setFamilies(QStringList{QString::fromStdString(font.family)} + family.instead);
+  converted.setFamilies(FamiliesFor(font.family));
   converted.setPixelSize(static_cast<int>(std::lround(font.points * 96 / 72)));
-  converted.setWeight(static_cast<QFont::Weight>(family.weight != 0 ? family.weight : font.weight));
+  converted.setWeight(font.family == kHeavyFamily ? QFont::Black : static_cast<QFont::Weight>(font.weight));
   converted.setUnderline(font.underlined);
   return converted;
 }
