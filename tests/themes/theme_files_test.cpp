@@ -138,6 +138,38 @@ TEST(BitmapCheck, RefusesSizesThatTheFileCannotHold) {
   for (const auto& c : cases) EXPECT_FALSE(HoldsDeclaredBitmap(c.bytes)) << c.what;
 }
 
+TEST(BitmapCheck, FollowsRunsToTheirEnd) {
+  using namespace std::string_literals;
+  const struct {
+    char compression;  // 1: BI_RLE8, 2: BI_RLE4
+    std::string data;
+    bool whole;
+  } cases[] = {
+      {1, "\x03\x07\0\0\x03\x08\0\x01"s, true},  // run, end of line, run, end
+      {1, "\x03\x07\0\0\x03\x08\0\0"s, true},    // every line ended, no end mark
+      {1, "\x03\x07\0\0\x03\x08"s, false},
+      {1, "\0\x03\x01\x02\x03\0\0\x01"s, true},  // three pixels as they are, padded
+      {1, "\0\x03\x01\x02\x03"s, false},
+      {2, "\0\x05\x12\x34\x50\0\0\x01"s, true},  // five half-byte pixels, padded
+      {1, "\0\x02\0\x01\x03\x07\0\0"s, true},    // a move down one line
+      {1, "\0\x02\0"s, false},
+      {1, "\x03\x01\x03\x01"s, false},  // a run's colour is no code
+  };
+  for (const auto& c : cases) {
+    std::string file = BmpBytes(Bitmap({3, 2})).substr(0, 54);
+    file[28] = c.compression == 1 ? 8 : 4;
+    file[30] = c.compression;
+    EXPECT_EQ(HoldsDeclaredBitmap(file + c.data), c.whole) << testing::PrintToString(c.data);
+  }
+}
+
+TEST(BitmapCheck, KnowsTheShortHeader) {
+  using namespace std::string_literals;
+  const std::string core = "BM\0\0\0\0\0\0\0\0\x1A\0\0\0\x0C\0\0\0\x03\0\x02\0\x01\0\x18\0"s;
+  EXPECT_TRUE(HoldsDeclaredBitmap(core + std::string(24, 'x')));
+  EXPECT_FALSE(HoldsDeclaredBitmap(core + std::string(20, 'x')));
+}
+
 // A reader like those of some systems, which take a file's word for its size.
 class TrustingDesktop : public HeadlessDesktop {
  public:
