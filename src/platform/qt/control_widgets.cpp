@@ -2,8 +2,6 @@
 // Surfaces, buttons, labels, images, lists, lines and shapes as widgets.
 #include "platform/qt/control_widgets.h"
 
-#include <QAccessible>
-#include <QAccessibleWidget>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QListWidget>
@@ -219,6 +217,8 @@ class LabelWidget final : public Drawn<QLabel> {
     setTextFormat(Qt::PlainText);
   }
 
+  void Click() override { context_.handlers.Run(control_.Click); }
+
   void Sync() override {
     const QRect bounds = ToQt(PixelBounds(control_));
     const Style style{control_.ForeColor, control_.BackColor, control_.Transparent, control_.WordWrap, control_.Align,
@@ -285,8 +285,7 @@ class ImageWidget final : public Drawn<QWidget> {
     if (toolTip_.Take(control_.ToolTipText)) setToolTip(sorvex::ToQt(control_.ToolTipText));
   }
 
-  /// A click without a pointer, for assistive technology.
-  void Press() {
+  void Click() override {
     const float x = control_.Width / 2;
     const float y = control_.Height / 2;
     context_.handlers.Run([&] {
@@ -309,23 +308,6 @@ class ImageWidget final : public Drawn<QWidget> {
   FormContext& context_;
   Shown<BuiltIn> picture_;
   Shown<std::string> toolTip_;
-};
-
-class AccessibleImage final : public QAccessibleWidget {
- public:
-  explicit AccessibleImage(ImageWidget* image)
-      : QAccessibleWidget(image, QAccessible::Button, image->toolTip()), image_(image) {}
-
-  QString text(QAccessible::Text kind) const override {
-    return kind == QAccessible::Name ? image_->toolTip() : QAccessibleWidget::text(kind);
-  }
-  QStringList actionNames() const override { return {pressAction()}; }
-  void doAction(const QString& name) override {
-    if (name == pressAction()) image_->Press();
-  }
-
- private:
-  ImageWidget* image_;
 };
 
 class LineWidget final : public Drawn<QWidget> {
@@ -409,11 +391,6 @@ class ListWidget final : public QListWidget, public ControlWidget {
   bool syncing_ = false;
 };
 
-QAccessibleInterface* MakeAccessible(const QString& /*className*/, QObject* object) {
-  auto* image = dynamic_cast<ImageWidget*>(object);
-  return image == nullptr ? nullptr : new AccessibleImage(image);
-}
-
 }  // namespace
 
 ControlWidget* MakeControlWidget(Control& control, FormContext& context, QWidget* parent) {
@@ -426,7 +403,5 @@ ControlWidget* MakeControlWidget(Control& control, FormContext& context, QWidget
   if (auto* shape = dynamic_cast<Shape*>(&control)) return new ShapeWidget(*shape, context, parent);
   return nullptr;
 }
-
-void InstallAccessibility() { QAccessible::installFactory(&MakeAccessible); }
 
 }  // namespace sorvex

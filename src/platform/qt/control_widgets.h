@@ -23,8 +23,9 @@ class ControlWidget {
   virtual void Sync() = 0;
   /// Buttons, surfaces and lists lie in front of the labels and images of their container.
   virtual bool IsWindowed() const { return true; }
-  /// What the keyboard does to a button, and how a button shows that Enter means it; nothing for other controls.
+  /// A click without a pointer: by the keyboard or by assistive technology.
   virtual void Click() {}
+  /// A button shows that Enter means it.
   virtual void MarkForEnter(bool /*marked*/) {}
 
  private:
@@ -33,8 +34,5 @@ class ControlWidget {
 
 /// A new widget, owned by `parent`; null for a control that is never seen (a timer).
 ControlWidget* MakeControlWidget(Control& control, FormContext& context, QWidget* parent);
-
-/// Makes images known to assistive technology; once, after the application object was made.
-void InstallAccessibility();
 
 }  // namespace sorvex

@@ -9,14 +9,14 @@
 #include <QEventLoop>
 #include <QFile>
 #include <QLocale>
-#include <QStyle>
-#include <QStyleFactory>
+#include <QProxyStyle>
 #include <QUrl>
 #include <algorithm>
 #include <chrono>
 #include <utility>
 
 #include "platform/posix/write_whole_file.h"
+#include "platform/qt/accessibility.h"
 #include "platform/qt/boxes.h"
 #include "platform/qt/built_ins.h"
 #include "platform/qt/form_window.h"
@@ -26,9 +26,21 @@
 namespace sorvex {
 namespace {
 
+/// The toolkit's own look without pictures on the buttons of boxes.
+class Look final : public QProxyStyle {
+ public:
+  Look() : QProxyStyle(QStringLiteral("Fusion")) {}
+
+  int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                QStyleHintReturn* result) const override {
+    if (hint == SH_DialogButtonBox_ButtonsHaveIcons) return 0;
+    return QProxyStyle::styleHint(hint, option, widget, result);
+  }
+};
+
 // The same look on every desktop.
 void ChooseLook() {
-  QStyle* style = QStyleFactory::create(QStringLiteral("Fusion"));
+  auto* style = new Look;
   QApplication::setStyle(style);
   QApplication::setPalette(style->standardPalette());
   QApplication::setFont(ToQt(Font{"Arial", 9.75F, 400, false}));
