@@ -4,9 +4,11 @@
 
 #include <QCloseEvent>
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QResizeEvent>
 #include <QScreen>
+#include <QWindow>
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
@@ -60,6 +62,7 @@ void FormWindow::Open() {
   if (!order.empty()) Focus(order.front());
   if (context_.form.CenterOnOwner && owner_ != nullptr) CenterOnOwner();
   show();
+  windowHandle()->installEventFilter(this);
   KeepPosition();
 }
 
@@ -219,6 +222,12 @@ bool FormWindow::focusNextPrevChild(bool next) {
 bool FormWindow::event(QEvent* event) {
   if (event->type() == QEvent::WindowDeactivate) LosePointerSoon();
   return PointerArea::event(event);
+}
+
+bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
+  const auto* mouse = dynamic_cast<const QMouseEvent*>(event);
+  if (mouse != nullptr && watched == windowHandle()) context_.pointerInWindow = mouse->position();
+  return PointerArea::eventFilter(watched, event);
 }
 
 void FormWindow::paintEvent(QPaintEvent* event) {

@@ -66,14 +66,14 @@ void PointerArea::LosePointerSoon() {
 void PointerArea::Press(const QMouseEvent& event) {
   const Integer button = ButtonOf(event);
   if (button == 0) return;
-  const QPointF place = PlaceOf(event);
+  const QPointF place = PointerPlace();
   context_.handlers.Run([&, shift = ShiftOf(event)] {
     context_.pointer.Press(surface_, button, shift, static_cast<float>(place.x()), static_cast<float>(place.y()));
   });
 }
 
 void PointerArea::Move(const QMouseEvent& event) {
-  const QPoint place = PlaceOf(event);
+  const QPoint place = PointerPlace();
   ShowShapeAt(place);
   context_.handlers.Run([&, shift = ShiftOf(event)] {
     context_.pointer.Move(surface_, shift, static_cast<float>(place.x()), static_cast<float>(place.y()));
@@ -83,23 +83,21 @@ void PointerArea::Move(const QMouseEvent& event) {
 void PointerArea::Release(const QMouseEvent& event) {
   const Integer button = ButtonOf(event);
   if (button == 0) return;
-  const QPointF place = PlaceOf(event);
+  const QPointF place = PointerPlace();
   context_.handlers.Run([&, shift = ShiftOf(event)] {
     context_.pointer.Release(button, shift, static_cast<float>(place.x()), static_cast<float>(place.y()));
   });
 }
 
-QPoint PointerArea::PlaceOf(const QMouseEvent& event) const {
+QPoint PointerArea::PointerPlace() const {
   const double scale = devicePixelRatioF();
   // The toolkit divided whole device pixels by the scale; the tolerance undoes what that rounded off.
   constexpr double kTolerance = 1.0 / 64;
   const auto seenAt = [scale](double logical) {
     return LogicalPixel(static_cast<int>(std::floor(logical * scale + kTolerance)), scale);
   };
-  // Not the event's own place in the window: an Enter event sent on the way to this widget overwrites that.
-  const QPointF inWindow = event.position() + QPointF(mapTo(window(), QPoint()));
   const QPoint corner = mapTo(window(), QPoint(FrameOffset(), FrameOffset()));
-  return QPoint(seenAt(inWindow.x()), seenAt(inWindow.y())) - corner;
+  return QPoint(seenAt(context_.pointerInWindow.x()), seenAt(context_.pointerInWindow.y())) - corner;
 }
 
 void PointerArea::ShowShapeAt(QPoint place) {

@@ -22,6 +22,9 @@ struct FormContext {
   Desktop& desktop;
   Handlers& handlers;
   PointerInput pointer{form};
+  /// Where in the window the pointer event that is delivered happened. The event's own place there may be overwritten by
+  /// an Enter event that is sent on its way, and its place in the widget is rounded.
+  QPointF pointerInWindow{};
 };
 
 /// The logical pixel that is seen at a device pixel. Images are scaled by the same rule, so that the pointer always
@@ -47,7 +50,8 @@ class PointerArea : public QWidget {
   void Press(const QMouseEvent& event);
   void Move(const QMouseEvent& event);
   void Release(const QMouseEvent& event);
-  QPoint PlaceOf(const QMouseEvent& event) const;
+  /// The pixel of the drawing area that the delivered pointer event happened at.
+  QPoint PointerPlace() const;
   void ShowShapeAt(QPoint place);
   bool ShowToolTip(const QHelpEvent& event);
   int FrameOffset() const { return surface_ == nullptr ? 0 : FrameWidth(surface_->BorderStyle); }
