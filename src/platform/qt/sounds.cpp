@@ -1,63 +1,72 @@
 // SPDX-License-Identifier: MIT
-// Sound effects for wave files.
+// Wave files as samples, pushed to the audio device.
 #include "platform/qt/sounds.h"
 
 #include <QApplication>
+#include <QAudioDevice>
 #include <QFile>
 #include <QFileInfo>
-#include <QLoggingCategory>
 #include <QMediaDevices>
-#include <QAudioDevice>
-#include <QUrl>
+#include <QWaveDecoder>
 #include <algorithm>
 
 namespace sorvex {
 
-Sounds::Sounds() = default;
+Sounds::Sounds() {
+  constexpr int kFeedInterval = 20;
+  feeder_.setInterval(kFeedInterval);
+  QObject::connect(&feeder_, &QTimer::timeout, &feeder_, [this] { Feed(); });
+  QMediaDevices::defaultAudioOutput();  // finding the devices takes its time, better now than in a game
+}
 
 void Sounds::Prepare(std::span<const std::string> paths) {
-  std::erase_if(waves_, [&](const auto& wave) {
-    if (std::ranges::find(paths, wave.first) != paths.end()) return false;
-    if (wave.second.effect.get() == current_) current_ = nullptr;
-    return true;
-  });
+  std::erase_if(waves_, [&](const auto& wave) { return std::ranges::find(paths, wave.first) == paths.end(); });
   for (const std::string& path : paths) Load(path);
 }
 
 void Sounds::Play(const std::string& path) {
-  if (current_ != nullptr) current_->stop();
-  current_ = Load(path);
-  waiting_ = true;
-  if (current_ == nullptr)
+  feeder_.stop();
+  if (sink_) sink_->reset();
+  sink_.reset();
+  const Wave* wave = Load(path);
+  if (wave == nullptr || !wave->format.isValid()) {
     QApplication::beep();
-  else
-    StatusChanged(current_);
+    return;
+  }
+  const QAudioDevice output = QMediaDevices::defaultAudioOutput();
+  if (output.isNull()) return;
+  sink_ = std::make_unique<QAudioSink>(output, wave->format);
+  // Room for the whole sound, so that it plays on while a slide or a box keeps the program busy.
+  sink_->setBufferSize(wave->samples.size());
+  device_ = sink_->start();
+  samples_ = wave->samples;
+  taken_ = 0;
+  Feed();
 }
 
 // Null when there is no such file.
-QSoundEffect* Sounds::Load(const std::string& path) {
-  const QFileInfo file(QFile::decodeName(QByteArray::fromStdString(path)));
-  if (!file.isFile()) return nullptr;
+const Sounds::Wave* Sounds::Load(const std::string& path) {
+  const QFileInfo info(QFile::decodeName(QByteArray::fromStdString(path)));
+  if (!info.isFile()) return nullptr;
   Wave& wave = waves_[path];
-  if (wave.effect && wave.changed == file.lastModified() && wave.size == file.size()) return wave.effect.get();
-  if (wave.effect.get() == current_) current_ = nullptr;
-  wave.effect.reset();  // the toolkit shares what it loaded among the effects of one file: the old one goes first
-  wave = {std::make_unique<QSoundEffect>(), file.lastModified(), file.size()};
-  QSoundEffect* effect = wave.effect.get();
-  QObject::connect(effect, &QSoundEffect::statusChanged, effect, [this, effect] { StatusChanged(effect); });
-  effect->setSource(QUrl::fromLocalFile(file.absoluteFilePath()));
-  return effect;
+  if (wave.changed == info.lastModified() && wave.size == info.size()) return &wave;
+  wave = {info.lastModified(), info.size(), {}, {}};
+  QFile file(info.absoluteFilePath());
+  QWaveDecoder decoder(&file);
+  if (!file.open(QIODevice::ReadOnly) || !decoder.open(QIODevice::ReadOnly)) return &wave;
+  wave.format = decoder.audioFormat();
+  wave.samples = decoder.readAll();
+  return &wave;
 }
 
-void Sounds::StatusChanged(QSoundEffect* effect) {
-  if (effect != current_ || !waiting_) return;
-  if (effect->status() == QSoundEffect::Ready) {
-    waiting_ = false;
-    effect->play();
-  } else if (effect->status() == QSoundEffect::Error) {
-    waiting_ = false;
-    QApplication::beep();
-  }
+void Sounds::Feed() {
+  const qint64 left = samples_.size() - taken_;
+  const qint64 taken = device_ == nullptr ? -1 : device_->write(samples_.constData() + taken_, left);
+  taken_ += taken;
+  if (taken < 0 || taken == left)
+    feeder_.stop();
+  else if (!feeder_.isActive())
+    feeder_.start();
 }
 
 }  // namespace sorvex
