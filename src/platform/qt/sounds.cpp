@@ -36,7 +36,6 @@ void Sounds::Play(const std::string& path) {
   const QAudioDevice output = QMediaDevices::defaultAudioOutput();
   if (output.isNull()) return;
   sink_ = std::make_unique<QAudioSink>(output, wave->format);
-  // Room for the whole sound, so that it plays on while a slide or a box keeps the program busy.
   sink_->setBufferSize(wave->samples.size());
   device_ = sink_->start();
   samples_ = wave->samples;
@@ -60,10 +59,13 @@ const Sounds::Wave* Sounds::Load(const std::string& path) {
 }
 
 void Sounds::Feed() {
-  const qint64 left = samples_.size() - taken_;
-  const qint64 taken = device_ == nullptr ? -1 : device_->write(samples_.constData() + taken_, left);
-  taken_ += taken;
-  if (taken < 0 || taken == left)
+  // At first as much as any sound server holds, though it may claim less: so the sound plays on while a slide or a box
+  // keeps the program busy.
+  constexpr qint64 kAtFirst = 1 << 20;
+  const qint64 room = std::min<qint64>(taken_ == 0 ? kAtFirst : sink_->bytesFree(), samples_.size() - taken_);
+  const qint64 taken = room > 0 && device_ != nullptr ? device_->write(samples_.constData() + taken_, room) : 0;
+  taken_ += std::max<qint64>(taken, 0);
+  if (taken_ == samples_.size() || sink_->error() != QAudio::NoError)
     feeder_.stop();
   else if (!feeder_.isActive())
     feeder_.start();
