@@ -9,10 +9,12 @@
 #include <QPainter>
 #include <QPushButton>
 #include <QShortcutEvent>
+#include <algorithm>
 #include <cmath>
 #include <cstring>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "platform/qt/built_ins.h"
 #include "platform/qt/text.h"
@@ -128,31 +130,32 @@ class SurfaceWidget final : public PointerArea, public ControlWidget {
     const double scale = devicePixelRatioF();
     const QPoint origin = mapTo(window(), corner);
     const auto firstOf = [scale](int logical) { return static_cast<int>(std::ceil(logical * scale - 0.5)); };
-    const int left = firstOf(origin.x());
-    const int top = firstOf(origin.y());
-    const QSize size(firstOf(origin.x() + image.width()) - left, firstOf(origin.y() + image.height()) - top);
+    const QPoint first(firstOf(origin.x()), firstOf(origin.y()));
+    const QSize size(firstOf(origin.x() + image.width()) - first.x(), firstOf(origin.y() + image.height()) - first.y());
     if (scaled_.size() != size) scaled_ = QImage(size, QImage::Format_RGB32);
+    columns_.resize(static_cast<std::size_t>(size.width()));
+    for (int x = 0; x < size.width(); ++x)
+      columns_[static_cast<std::size_t>(x)] = LogicalPixel(first.x() + x, scale) - origin.x();
     int above = -1;
     for (int y = 0; y < size.height(); ++y) {
-      const int row = LogicalPixel(top + y, scale) - origin.y();
+      const int row = LogicalPixel(first.y() + y, scale) - origin.y();
       auto* to = reinterpret_cast<Pixel*>(scaled_.scanLine(y));
-      if (row == above) {
-        std::memcpy(to, scaled_.constScanLine(y - 1), static_cast<std::size_t>(size.width()) * sizeof(Pixel));
-        continue;
-      }
-      above = row;
       const auto* from = reinterpret_cast<const Pixel*>(image.constScanLine(row));
-      for (int x = 0; x < size.width(); ++x) to[x] = from[LogicalPixel(left + x, scale) - origin.x()];
+      if (row == above)
+        std::memcpy(to, scaled_.constScanLine(y - 1), columns_.size() * sizeof(Pixel));
+      else
+        std::ranges::transform(columns_, to, [from](int column) { return from[column]; });
+      above = row;
     }
     painter.setClipping(false);
-    const QPoint window = mapTo(this->window(), QPoint());
     painter.setWorldTransform(QTransform::fromScale(1 / scale, 1 / scale));
-    painter.drawImage(QPointF(left - window.x() * scale, top - window.y() * scale), scaled_);
+    painter.drawImage(first - QPointF(mapTo(window(), QPoint())) * scale, scaled_);
   }
 
   PictureBox& control_;
   Shown<Look> look_;
   QImage scaled_;
+  std::vector<int> columns_;  // for each of scaled_: the image's
   bool paintOwed_ = false;  // painted while no handler could run: the Paint event is still to come
 };
 
