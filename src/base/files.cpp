@@ -46,6 +46,17 @@ std::string FindFile(std::string_view folder, std::string_view name) {
   return found.value_or(named);
 }
 
+std::vector<std::string> FoldersIn(std::string_view folder) {
+  std::vector<std::string> names;
+  std::error_code error;
+  for (auto entry = fs::directory_iterator(ToPath(folder), error); !error && entry != fs::directory_iterator();
+       entry.increment(error)) {
+    std::error_code unreachable;
+    if (entry->is_directory(unreachable)) names.push_back(ToText(entry->path().filename()));
+  }
+  return names;
+}
+
 std::optional<std::string> ReadFile(const std::string& path, std::uintmax_t limit) {
   std::ifstream file = OpenPlainFile(path);
   std::error_code error;

@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace sorvex {
 
@@ -15,6 +16,10 @@ std::string JoinPath(std::string_view folder, std::string_view name);
 /// The path of the file `name` in `folder`: as named when that exists, else the one file whose name differs only in
 /// case. With none, or with several of which no choice is better than another, the path as named.
 std::string FindFile(std::string_view folder, std::string_view name);
+
+/// The names of the folders in `folder` (links to folders and names that begin with a dot included), in the file
+/// system's order; empty when it cannot be read.
+std::vector<std::string> FoldersIn(std::string_view folder);
 
 /// The whole file, nullopt when it cannot be opened or read or is longer than `limit` bytes.
 std::optional<std::string> ReadFile(const std::string& path, std::uintmax_t limit);

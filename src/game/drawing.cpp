@@ -46,15 +46,23 @@ void CopySurface(PictureBox& dest, const PictureBox& source) {
   for (int row = 0; row < height; ++row) std::copy_n(from.Row(row), width, to.Row(row));
 }
 
-void ComposeFrame(Game& game) {
+void ComposeFrame(Game& game, PictureBox& dest) {
   frmMain& form = game.form;
   const modVariables& state = game.state;
-  CopySurface(form.PicBackbuff, form.PicBlank);
+  CopySurface(dest, form.PicBlank);
   for (int i = 0; i < form.PicPlainSprite.Count(); ++i)
-    DrawMasked(form.PicBackbuff, state.PlainX(i), state.PlainY(i), form.PicPlainSprite(i), form.PicPlainMask(i));
+    DrawMasked(dest, state.PlainX(i), state.PlainY(i), form.PicPlainSprite(i), form.PicPlainMask(i));
   for (Long i = 0; i <= state.LastItem; ++i)
-    if (state.ItemInPlay(i))
-      DrawMasked(form.PicBackbuff, state.ItemX(i), state.ItemY(i), form.PicSprite(i), form.PicMask(i));
+    if (state.ItemInPlay(i)) DrawMasked(dest, state.ItemX(i), state.ItemY(i), form.PicSprite(i), form.PicMask(i));
+}
+
+void DrawContainer(Game& game, PictureBox& dest) {
+  const frmMain& form = game.form;
+  const modVariables& state = game.state;
+  const Integer container = state.CurCont;
+  if (state.ContInPlay(container))
+    DrawMasked(dest, state.ContX(container), state.ContY(container), form.picCont(container),
+               form.PicContMask(container));
 }
 
 void PresentFrame(Game& game) {

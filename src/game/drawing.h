@@ -16,8 +16,10 @@ void DrawMasked(PictureBox& dest, int x, int y, const PictureBox& picture, const
 /// Copies `source` onto `dest` at (0, 0), as far as both reach (SRCCOPY).
 void CopySurface(PictureBox& dest, const PictureBox& source);
 
-/// Composes a frame on PicBackbuff: background, target, the items in play from lowest to highest.
-void ComposeFrame(Game& game);
+/// Composes a frame on `dest`: background, target, the items in play from lowest to highest.
+void ComposeFrame(Game& game, PictureBox& dest);
+/// Draws the current container, if it is in play, over them.
+void DrawContainer(Game& game, PictureBox& dest);
 
 /// Shows PicBackbuff on the play field at once.
 void PresentFrame(Game& game);

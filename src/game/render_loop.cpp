@@ -20,17 +20,6 @@ void EndDrag(frmMain& form) {
   form.Dragging = false;
 }
 
-void DrawFrame(Game& game) {
-  frmMain& form = game.form;
-  const modVariables& state = game.state;
-  ComposeFrame(game);
-  const Integer container = state.CurCont;
-  if (state.ContInPlay(container))
-    DrawMasked(form.PicBackbuff, state.ContX(container), state.ContY(container), form.picCont(container),
-               form.PicContMask(container));
-  PresentFrame(game);
-}
-
 // The container tested is the current item's own, which need not be the one that is drawn.
 void TestCollision(Game& game) {
   frmMain& form = game.form;
@@ -101,7 +90,9 @@ void RenderLoop(Game& game) {
 }
 
 void DrawAndTestFrame(Game& game) {
-  DrawFrame(game);
+  ComposeFrame(game, game.form.PicBackbuff);
+  DrawContainer(game, game.form.PicBackbuff);
+  PresentFrame(game);
   TestCollision(game);
   TestPlacement(game);
 }

@@ -152,12 +152,20 @@ struct CommandButton : Control {
   Event Click;
 };
 
+/// Something an image does, for those who use no pointer.
+struct Command {
+  std::string Name;
+  int FunctionKey = 0;  ///< 1: F1, ...
+  Event Action;
+};
+
 /// An icon or picture drawn on its container, stretched to the control.
 struct Image : Control {
   BuiltIn Picture = BuiltIn::None;
   Event Click;
   PointerEvent MouseDown;
   PointerEvent MouseUp;
+  std::vector<Command> Commands;
 };
 
 struct Timer : Control {

@@ -127,6 +127,16 @@ CommandButton* ButtonForEscape(const Form& form) {
   return nullptr;
 }
 
+const Command* CommandForFunctionKey(const Form& form, int key) {
+  for (const Control* control : form.Controls) {
+    const auto* image = dynamic_cast<const Image*>(control);
+    if (image == nullptr) continue;
+    const auto command = std::ranges::find(image->Commands, key, &Command::FunctionKey);
+    if (command != image->Commands.end()) return &*command;
+  }
+  return nullptr;
+}
+
 Control* FocusAfter(const Form& form, const Control& gone) {
   const std::vector<Control*> order = TabOrder(form);
   if (order.empty()) return nullptr;

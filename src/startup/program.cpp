@@ -8,6 +8,8 @@
 #include "game/return_item.h"
 #include "highscores/panel.h"
 #include "startup/start_up.h"
+#include "themes/choose_theme.h"
+#include "themes/theme_details.h"
 #include "ui/main_window_commands.h"
 
 namespace sorvex {
@@ -36,6 +38,11 @@ void Program::BindEvents() {
   };
   form.PicCanvas.MouseMove = [this](Integer, Integer, float x, float y) { PicCanvas_MouseMove(game, x, y); };
   form.PicCanvas.MouseUp = [this](Integer, Integer, float, float) { PicCanvas_MouseUp(game); };
+  form.Image2.Click = [this] { Image2_Click(game); };
+  form.Image2.Commands = {{"Change the theme", 3, form.Image2.Click}};
+  form.imgAbout.MouseUp = [this](Integer button, Integer, float, float) { imgAbout_MouseUp(game, button); };
+  form.imgAbout.Commands = {{"About", 1, [this] { imgAbout_MouseUp(game, kLeftButton); }},
+                            {"Theme details", 2, [this] { imgAbout_MouseUp(game, kRightButton); }}};
   form.Image1.Click = [this] { Image1_Click(form); };
   form.tmrChangePicBack.Tick = [this] { tmrChangePicBack_Timer(form); };
 }

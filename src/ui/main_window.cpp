@@ -2,109 +2,9 @@
 // The main window's design: every control stands in one of the tables below.
 #include "ui/main_window.h"
 
+#include "ui/design.h"
+
 namespace sorvex {
-namespace {
-
-constexpr bool kAutoSize = true;
-constexpr bool kFixed = false;
-constexpr bool kPersistent = true;
-constexpr bool kTransient = false;
-constexpr bool kShown = true;
-constexpr bool kHidden = false;
-
-struct SurfaceDesign {
-  PictureBox& surface;
-  const char* name;
-  bool visible;
-  Frame frame;
-  bool autoSize;
-  bool autoRedraw;
-  ScaleMode scale;
-  Color background;
-  float left, top, width, height;
-  BuiltIn picture = BuiltIn::None;
-};
-
-struct LabelDesign {
-  Label& label;
-  const char* name;
-  PictureBox* container;
-  bool visible;
-  const char* caption;
-  Color color;
-  Font font;
-  float left, top, width, height;
-};
-
-struct ButtonDesign {
-  CommandButton& button;
-  const char* name;
-  PictureBox* container;
-  const char* caption;
-  bool isDefault;
-  int tabIndex;
-  float left, top, width, height;
-  const char* toolTip = "";
-};
-
-struct ImageDesign {
-  Image& image;
-  const char* name;
-  BuiltIn picture;
-  float left, top, width, height;
-  BuiltIn pointer = BuiltIn::None;
-  const char* toolTip = "";
-};
-
-void Place(Control& control, const char* name, float left, float top, float width, float height) {
-  control.Name = name;
-  control.Left = left;
-  control.Top = top;
-  control.Width = width;
-  control.Height = height;
-}
-
-void Apply(const SurfaceDesign& design) {
-  PictureBox& surface = design.surface;
-  Place(surface, design.name, design.left, design.top, design.width, design.height);
-  surface.Visible = design.visible;
-  surface.BorderStyle = design.frame;
-  surface.AutoSize = design.autoSize;
-  surface.AutoRedraw = design.autoRedraw;
-  surface.Scale = design.scale;
-  surface.BackColor = design.background;
-  surface.DesignPicture = design.picture;
-}
-
-void Apply(const LabelDesign& design) {
-  Label& label = design.label;
-  Place(label, design.name, design.left, design.top, design.width, design.height);
-  label.Container = design.container;
-  label.Visible = design.visible;
-  label.Caption = design.caption;
-  label.ForeColor = design.color;
-  label.Font = design.font;
-}
-
-void Apply(const ButtonDesign& design) {
-  CommandButton& button = design.button;
-  Place(button, design.name, design.left, design.top, design.width, design.height);
-  button.Container = design.container;
-  button.Caption = design.caption;
-  button.Default = design.isDefault;
-  button.TabIndex = design.tabIndex;
-  button.ToolTipText = design.toolTip;
-}
-
-void Apply(const ImageDesign& design) {
-  Image& image = design.image;
-  Place(image, design.name, design.left, design.top, design.width, design.height);
-  image.Picture = design.picture;
-  image.MousePointer = design.pointer;
-  image.ToolTipText = design.toolTip;
-}
-
-}  // namespace
 
 frmMain::frmMain() {
   Name = "frmMain";
@@ -153,9 +53,9 @@ frmMain::frmMain() {
   };
 
   const ButtonDesign buttons[] = {
-      {Command1, "Command1", nullptr, "&Start", false, 0, 32, 256, 105, 33, "Start the game"},
-      {cmdShowHighscores, "cmdShowHighscores", nullptr, "&HighScores", true, 1, 152, 256, 105, 33},
-      {cmdHideScores, "cmdHideScores", panel, "Close", false, 3, 104, 248, 105, 25},
+      {Command1, "Command1", nullptr, "&Start", ButtonRole::Plain, 0, 32, 256, 105, 33, "Start the game"},
+      {cmdShowHighscores, "cmdShowHighscores", nullptr, "&HighScores", ButtonRole::Default, 1, 152, 256, 105, 33},
+      {cmdHideScores, "cmdHideScores", panel, "Close", ButtonRole::Plain, 3, 104, 248, 105, 25},
   };
 
   const ImageDesign images[] = {

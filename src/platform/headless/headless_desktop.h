@@ -55,6 +55,9 @@ class HeadlessDesktop : public Desktop {
   std::function<void(const Box&)> WhileBoxOpen;               ///< what happens before the box is closed
   std::function<std::string()> TypeName = [] { return ""; };  ///< what the player types into an input box
 
+  /// The form that takes input now; there must be one.
+  Form& Front() const { return *shown_.back(); }
+
   // What the game did
   std::vector<Box> Boxes;
   std::vector<Prompt> Prompts;

@@ -298,6 +298,8 @@ class ImageWidget final : public Drawn<QWidget> {
     });
   }
 
+  void Do(const Command& command) override { context_.handlers.Run(command.Action); }
+
  protected:
   void paintEvent(QPaintEvent* /*event*/) override {
     if (control_.Picture == BuiltIn::None) return;

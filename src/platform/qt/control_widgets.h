@@ -25,6 +25,8 @@ class ControlWidget {
   virtual bool IsWindowed() const { return true; }
   /// A click without a pointer: by the keyboard or by assistive technology.
   virtual void Click() {}
+  /// Runs one of an image's commands.
+  virtual void Do(const Command& /*command*/) {}
   /// A button shows that Enter means it.
   virtual void MarkForEnter(bool /*marked*/) {}
 

@@ -255,6 +255,8 @@ void FormWindow::closeEvent(QCloseEvent* event) {
 }
 
 void FormWindow::keyPressEvent(QKeyEvent* event) {
+  if (const Command* command = CommandForFunctionKey(context_.form, event->key() - Qt::Key_F1 + 1))
+    return context_.handlers.Run(command->Action);
   const CommandButton* button = nullptr;
   if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
     button = ButtonForEnter(context_.form, FocusedControl());

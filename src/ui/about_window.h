@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+// The about box's window and its fields.
+#pragma once
+
+#include "platform/controls.h"
+
+namespace sorvex {
+
+struct frmAbout : Form {
+  /// Lays the window out for a desktop with `twipsPerPixel`.
+  explicit frmAbout(Size twipsPerPixel);
+
+  Image imgLogo;
+  Label lblTit;
+  Label lblVersion;
+  PictureBox picCont;
+  Label lblComments;
+  Label lblDisc;
+  Label lblCopyright;
+  Shape Shape1;
+  Line Line1;
+  Label lblWeb;
+  Label lblEmail;
+  Timer Timer1;
+  Timer tmrScroll;
+
+  bool LogoFollows = false;  ///< the logo follows the pointer
+};
+
+}  // namespace sorvex

@@ -1,0 +1,137 @@
+// SPDX-License-Identifier: MIT
+// The chooser, what follows it, and the details box.
+#include "themes/choose_theme.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <fstream>
+
+#include "support/printers.h"
+#include "support/story.h"
+
+namespace sorvex {
+namespace {
+
+using Box = HeadlessDesktop::Box;
+
+TestTheme OtherTheme() {
+  TestTheme theme = CupTheme(1, "Other one.v2");
+  theme.field = {200, 150};
+  theme.targetX = 150;
+  theme.targetY = 100;
+  theme.target = {30, 20};
+  return theme;
+}
+
+class Chooser : public testing::Test {
+ protected:
+  frmChooseTheme& Dialog() { return dynamic_cast<frmChooseTheme&>(story.desktop.Front()); }
+
+  // Opens the chooser, selects `name` (empty: nothing) and clicks the button.
+  void Choose(const std::string& name, CommandButton frmChooseTheme::* button) {
+    story.Then([this] { story.form.Image2.Click(); });
+    story.Then([=, this] {
+      listed = Dialog().List1.List;
+      const auto entry = std::ranges::find(listed, name);
+      Dialog().List1.ListIndex = entry == listed.end() ? -1 : static_cast<int>(entry - listed.begin());
+      (Dialog().*button).Click();
+      stayedOpen = Dialog().Loaded;
+      if (stayedOpen) Dialog().CancelButton.Click();
+    });
+    story.Frames(1);
+  }
+
+  Story story{{CupTheme(3), OtherTheme()}};
+  std::vector<std::string> listed;
+  bool stayedOpen = false;
+};
+
+TEST_F(Chooser, ListsEveryFolderBesideTheProgramAndNothingElse) {
+  const std::filesystem::path program = story.folder.Path() / "program";
+  std::filesystem::create_directory(program / ".hidden");
+  std::filesystem::create_directory_symlink(program / "Theme1", program / "link");
+  std::filesystem::create_symlink(program / "nowhere", program / "broken link");
+  std::ofstream(program / "a file") << "no folder";
+  for (int opening = 0; opening < 2; ++opening) {
+    Choose("", &frmChooseTheme::OKButton);
+    story.Run();
+    std::ranges::sort(listed);
+    EXPECT_EQ(listed, (std::vector<std::string>{".hidden", "Other one.v2", "Theme1", "link"}));
+    EXPECT_TRUE(stayedOpen) << "OK without a selection does nothing";
+  }
+  EXPECT_EQ(story.state.ThemeName, "Theme1");
+}
+
+TEST_F(Chooser, ShowsTheChosenThemeAtOnceAndLeavesTheOtherSurfacesTheirSize) {
+  const Size backBuffer = story.form.PicBackbuff.ScaleSize();
+  Choose("Other one.v2", &frmChooseTheme::OKButton);
+  story.Run();
+  EXPECT_EQ(story.form.Caption, "Sorvex - Other one.v2");
+  EXPECT_EQ(story.Field().Extent(), (Size{200, 150}));
+  EXPECT_EQ(story.form.PicBackbuff.ScaleSize(), backBuffer);
+
+  const Bitmap waiting = story.Field();
+  const int shown = story.desktop.FramesShown;
+  story.Start().Run();
+  EXPECT_GT(story.desktop.FramesShown, shown);
+  EXPECT_EQ(story.Field(), waiting) << "the frame shown is the game's first";
+}
+
+TEST_F(Chooser, EndsARunningGameWithoutAReportAlsoOnCancel) {
+  for (const auto button : {&frmChooseTheme::OKButton, &frmChooseTheme::CancelButton}) {
+    story.Start().Hover(90, 70).Press(90, 70).Drag(92, 60);
+    Choose("Theme1", button);
+    story.Frames(2).Run();
+    EXPECT_EQ(story.state.StartCommand, modVariables::Start::Idle);
+    EXPECT_TRUE(story.desktop.Boxes.empty());
+    EXPECT_EQ(story.state.CurItem, 0);
+    EXPECT_EQ(story.form.lblTime.Caption, "0") << "the interrupted frame is finished";
+  }
+}
+
+TEST_F(Chooser, AFolderWithoutAThemeIsNamedAndTheDefaultThemeShown) {
+  std::filesystem::create_directory(story.folder.Path() / "program" / "Empty");
+  Choose("Empty", &frmChooseTheme::OKButton);
+  story.Run();
+  EXPECT_EQ(story.desktop.Boxes,
+            (std::vector<Box>{{"There is an important file missing. Can not load theme Empty\r\nLoading default theme..",
+                               "File(s) missing", BoxIcon::Exclamation}}));
+  EXPECT_EQ(story.form.Caption, "Sorvex - Theme1");
+  EXPECT_EQ(story.state.ThemeName, "Theme1");
+}
+
+TEST_F(Chooser, ChoosingWhatCannotBeLoadedWithNoDefaultKeepsTheThemeOnTheField) {
+  Choose("Other one.v2", &frmChooseTheme::OKButton);
+  story.Run();
+  std::filesystem::remove_all(story.folder.Path() / "program" / "Theme1");
+  std::filesystem::create_directory(story.folder.Path() / "program" / "Empty");
+  Choose("Empty", &frmChooseTheme::OKButton);
+  story.Run();
+  EXPECT_EQ(story.desktop.Boxes.back().title, "Theme not found");
+  EXPECT_EQ(story.state.ThemeName, "Other one.v2");
+}
+
+TEST(Details, AreShownOnARightReleaseInTheirFourLines) {
+  Story story;
+  const auto release = [&](Integer button) { story.form.imgAbout.MouseUp(button, 0, 1, 1); };
+  const std::string heading = "Description:\r\n\t";
+  const struct {
+    const char* description;
+    const char* date;
+    std::string text;
+  } cases[] = {{"", "", "No details found"},
+               {"Glass, brass", "2026", heading + "Glass, brass\r\nDate:\r\n\t2026\r\n"},
+               {"", "2026", heading + "\r\nDate:\r\n\t2026\r\n"}};
+  for (const auto& c : cases) {
+    story.form.ThemeDescription = c.description;
+    story.form.ThemeDate = c.date;
+    release(kMiddleButton);
+    release(kRightButton);
+    EXPECT_EQ(story.desktop.Boxes, (std::vector<Box>{{c.text, "Theme Details", BoxIcon::Information}}));
+    story.desktop.Boxes.clear();
+  }
+}
+
+}  // namespace
+}  // namespace sorvex

@@ -1,0 +1,123 @@
+// SPDX-License-Identifier: MIT
+// The about box: texts, scrolling, the logo, the links, and the keys that open it and the other dialogs.
+#include "ui/about_box.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/input.h"
+#include "support/story.h"
+
+namespace sorvex {
+namespace {
+
+class About : public testing::Test {
+ protected:
+  // Opens the box, runs `what` while it is open, closes it.
+  void Open(const std::function<void(frmAbout&)>& what) {
+    story.Then([this] { story.form.imgAbout.MouseUp(kLeftButton, 0, 1, 1); });
+    story.Then([=, this] {
+      auto& box = dynamic_cast<frmAbout&>(story.desktop.Front());
+      what(box);
+      box.Loaded = false;
+    });
+    story.Frames(1).Run();
+  }
+  void Pass(Form& form, Long milliseconds) {
+    story.desktop.Now += milliseconds;
+    RunDueTimers(form, story.desktop.Now);
+  }
+
+  Story story;
+};
+
+TEST_F(About, SaysWhatTheVersionRecordSays) {
+  Open([](frmAbout& box) {
+    EXPECT_EQ(box.lblTit.Caption, "Sorvex");
+    EXPECT_EQ(box.lblTit.Left, 96);
+    EXPECT_EQ(box.lblVersion.Caption, "1.00.0000");
+    EXPECT_EQ(box.lblComments.Caption, "A game to test how accurate you are with the mouse");
+    EXPECT_EQ(box.lblCopyright.Caption, "Headless build");
+    EXPECT_EQ(ClientSize(box, {15, 15}), (Size{312, 213}));
+  });
+}
+
+TEST_F(About, OnlyCommentsTallerThanTheirBoxScrollForEver) {
+  Open([&](frmAbout& box) {
+    for (int tick = 0; tick < 20; ++tick) Pass(box, 50);
+    EXPECT_EQ(box.lblComments.Top, 0);
+
+    box.lblComments.Caption = std::string(8 * 25, 'x');  // 8 lines of 17 pixels
+    for (int tick = 0; tick < 20; ++tick) Pass(box, 50);
+    EXPECT_EQ(box.lblComments.Top, -10) << "10 pixels a second";
+    while (box.lblComments.Top < 0 && box.lblComments.Top > -box.lblComments.Height + 0.5F) Pass(box, 50);
+    Pass(box, 50);
+    EXPECT_EQ(box.lblComments.Top, 123) << "comes in again below the box";
+  });
+}
+
+TEST_F(About, TheLogoFollowsThePointerWithCtrlAloneUntilTheRelease) {
+  const struct {
+    Integer button;
+    Integer shift;
+    bool follows;
+  } cases[] = {{kLeftButton, kCtrlKey, true},
+               {kLeftButton, 0, false},
+               {kLeftButton, kCtrlKey | kShiftKey, false},
+               {kRightButton, kCtrlKey, false}};
+  for (const auto& c : cases) {
+    Open([&](frmAbout& box) {
+      box.Left = 15 * 100;
+      box.Top = 15 * 50;
+      Pass(box, 200);
+      box.imgLogo.MouseDown(c.button, c.shift, 5, 5);
+      story.desktop.Pointer = {30, 1000};  // outside the window
+      Pass(box, 50);
+      EXPECT_EQ(box.imgLogo.Left, c.follows ? 30 - 100 - 48 : 8);
+      EXPECT_EQ(box.imgLogo.Top, c.follows ? 1000 - 50 - 48 : 8);
+      box.imgLogo.MouseUp(c.button, c.shift, 5, 5);
+      Pass(box, 199);
+      EXPECT_EQ(box.imgLogo.Left == 8, !c.follows);
+      Pass(box, 1);
+      EXPECT_EQ(box.imgLogo.Left, 8);
+      EXPECT_EQ(box.imgLogo.Top, 8);
+    });
+  }
+}
+
+TEST_F(About, LinksOpenTheirAddresses) {
+  Open([](frmAbout& box) {
+    PointerInput pointer(box);
+    for (const Label* link : {&box.lblWeb, &box.lblEmail}) {
+      pointer.Press(nullptr, kLeftButton, 0, link->Left + 3, link->Top + 3);
+      pointer.Release(kLeftButton, 0, link->Left + 3, link->Top + 3);
+    }
+  });
+  EXPECT_EQ(story.desktop.OpenedAddresses,
+            (std::vector<std::string>{MakerWebAddress(), "mailto:" + MakerEmailAddress()}));
+}
+
+TEST_F(About, FunctionKeysOpenWhatTheImagesOpen) {
+  const auto press = [this](int key) {
+    story.Then([=, this] { CommandForFunctionKey(story.form, key)->Action(); });
+  };
+  std::vector<std::string> opened;
+  const auto note = [&] {
+    story.Then([&] {
+      opened.push_back(story.desktop.Front().Caption);
+      story.desktop.Front().Loaded = false;
+    });
+  };
+  press(1);
+  note();
+  press(2);
+  press(3);
+  note();
+  story.Frames(2).Run();
+  EXPECT_EQ(opened, (std::vector<std::string>{"About", "Choose a theme"}));
+  ASSERT_EQ(story.desktop.Boxes.size(), 1U);
+  EXPECT_EQ(story.desktop.Boxes.front().title, "Theme Details");
+  EXPECT_EQ(CommandForFunctionKey(story.form, 4), nullptr);
+}
+
+}  // namespace
+}  // namespace sorvex
