@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: MIT
 # Sourced by run.sh and test.sh: installs the Debian packages that are missing, and says nothing when none is.
 
-play_packages="g++ cmake ninja-build qt6-base-dev qt6-multimedia-dev libbenchmark-dev fonts-liberation fonts-roboto-unhinted"
+play_packages="g++ cmake ninja-build qt6-base-dev qt6-multimedia-dev libbenchmark-dev fonts-liberation fonts-inter"
 test_packages="libgtest-dev xvfb openbox xdotool x11-utils libx11-dev libxtst-dev pulseaudio pulseaudio-utils dbus
 at-spi2-core libatspi2.0-dev"
 
