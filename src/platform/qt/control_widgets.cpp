@@ -156,7 +156,7 @@ class SurfaceWidget final : public PointerArea, public ControlWidget {
   Shown<Look> look_;
   QImage scaled_;
   std::vector<int> columns_;  // for each of scaled_: the image's
-  bool paintOwed_ = false;  // painted while no handler could run: the Paint event is still to come
+  bool paintOwed_ = false;    // painted while no handler could run: the Paint event is still to come
 };
 
 class ButtonWidget final : public QPushButton, public ControlWidget {
@@ -216,7 +216,8 @@ class Drawn : public Base, public ControlWidget {
 
 class LabelWidget final : public Drawn<QLabel> {
  public:
-  LabelWidget(Label& label, FormContext& context, QWidget* parent) : Drawn(label, parent), control_(label), context_(context) {
+  LabelWidget(Label& label, FormContext& context, QWidget* parent)
+      : Drawn(label, parent), control_(label), context_(context) {
     setTextFormat(Qt::PlainText);
   }
 
@@ -224,8 +225,8 @@ class LabelWidget final : public Drawn<QLabel> {
 
   void Sync() override {
     const QRect bounds = ToQt(PixelBounds(control_));
-    const Style style{control_.ForeColor, control_.BackColor, control_.Transparent, control_.WordWrap, control_.Align,
-                      bounds.size()};
+    const Style style{control_.ForeColor, control_.BackColor, control_.Transparent,
+                      control_.WordWrap,  control_.Align,     bounds.size()};
     const bool newCaption = caption_.Take(control_.Caption);
     const bool newFont = font_.Take(control_.Font);
     if (newCaption) setText(sorvex::ToQt(control_.Caption));
@@ -280,7 +281,8 @@ class LabelWidget final : public Drawn<QLabel> {
 
 class ImageWidget final : public Drawn<QWidget> {
  public:
-  ImageWidget(Image& image, FormContext& context, QWidget* parent) : Drawn(image, parent), control_(image), context_(context) {}
+  ImageWidget(Image& image, FormContext& context, QWidget* parent)
+      : Drawn(image, parent), control_(image), context_(context) {}
 
   void Sync() override {
     Place(*this, control_, ToQt(PixelBounds(control_)));
@@ -325,9 +327,7 @@ class LineWidget final : public Drawn<QWidget> {
   }
 
  protected:
-  void paintEvent(QPaintEvent* /*event*/) override {
-    QPainter(this).drawLine(0, 0, width() - 1, height() - 1);
-  }
+  void paintEvent(QPaintEvent* /*event*/) override { QPainter(this).drawLine(0, 0, width() - 1, height() - 1); }
 
  private:
   Line& control_;
@@ -335,7 +335,8 @@ class LineWidget final : public Drawn<QWidget> {
 
 class ShapeWidget final : public Drawn<QWidget> {
  public:
-  ShapeWidget(Shape& shape, FormContext& context, QWidget* parent) : Drawn(shape, parent), control_(shape), context_(context) {}
+  ShapeWidget(Shape& shape, FormContext& context, QWidget* parent)
+      : Drawn(shape, parent), control_(shape), context_(context) {}
 
   void Sync() override {
     Place(*this, control_, ToQt(PixelBounds(control_)));

@@ -23,9 +23,7 @@ namespace {
 
 Qt::WindowFlags FlagsOf(const Form& form, bool owned) {
   // A tool window stays off the task bar; dialogs do as their owner's.
-  Qt::WindowFlags flags = !owned                                      ? Qt::Window
-                          : form.Border == FormBorder::FixedToolWindow ? Qt::Tool
-                                                                      : Qt::Dialog;
+  Qt::WindowFlags flags = !owned ? Qt::Window : form.Border == FormBorder::FixedToolWindow ? Qt::Tool : Qt::Dialog;
   flags |= Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint;
   if (form.MinButton) flags |= Qt::WindowMinimizeButtonHint;
   return flags;

@@ -15,8 +15,8 @@ class Handlers {
   /// `afterwards` runs after every handler.
   explicit Handlers(std::function<void()> afterwards) : afterwards_(std::move(afterwards)) {}
 
-  /// Runs `deliver`, which delivers events; `loop` is the loop that it waits in, null when it does not wait. Throws what
-  /// the first failing handler threw meanwhile, ProgramEnded before all else.
+  /// Runs `deliver`, which delivers events; `loop` is the loop that it waits in, null when it does not wait. Throws
+  /// what the first failing handler threw meanwhile, ProgramEnded before all else.
   void Serve(QEventLoop* loop, const std::function<void()>& deliver);
 
   /// Runs a handler. Does nothing outside Serve, and nothing once the program has ended.

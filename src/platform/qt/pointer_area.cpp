@@ -60,7 +60,8 @@ void PointerArea::LosePointer() {
 }
 
 void PointerArea::LosePointerSoon() {
-  QMetaObject::invokeMethod(this, [this] { LosePointer(); }, Qt::QueuedConnection);
+  QMetaObject::invokeMethod(
+      this, [this] { LosePointer(); }, Qt::QueuedConnection);
 }
 
 void PointerArea::Press(const QMouseEvent& event) {

@@ -22,8 +22,8 @@ struct FormContext {
   Desktop& desktop;
   Handlers& handlers;
   PointerInput pointer{form};
-  /// Where in the window the pointer event that is delivered happened. The event's own place there may be overwritten by
-  /// an Enter event that is sent on its way, and its place in the widget is rounded.
+  /// Where in the window the pointer event that is delivered happened. The event's own place there may be overwritten
+  /// by an Enter event that is sent on its way, and its place in the widget is rounded.
   QPointF pointerInWindow{};
 };
 

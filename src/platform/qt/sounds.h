@@ -20,8 +20,8 @@ class Sounds {
 
   /// Keeps these files loaded and no others; a file that changed since it was loaded is loaded again.
   void Prepare(std::span<const std::string> paths);
-  /// Plays the file from its start. A file that cannot be played gives the desktop's bell; without an audio device there
-  /// is silence.
+  /// Plays the file from its start. A file that cannot be played gives the desktop's bell; without an audio device
+  /// there is silence.
   void Play(const std::string& path);
 
  private:
