@@ -26,8 +26,11 @@ void Sounds::Prepare(std::span<const std::string> paths) {
 
 void Sounds::Play(const std::string& path) {
   feeder_.stop();
-  if (sink_) sink_->reset();
-  sink_.reset();
+  if (sink_) {
+    sink_->reset();
+    // Its destructor delivers events, and no handler may run inside the one that plays a sound.
+    QTimer::singleShot(0, [cutOff = sink_.release()] { delete cutOff; });
+  }
   const Wave* wave = Load(path);
   if (wave == nullptr || !wave->format.isValid()) {
     QApplication::beep();
