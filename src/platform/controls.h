@@ -222,10 +222,10 @@ struct Form {
   bool ShowInTaskbar = true;
   bool CenterOnOwner = false;
   BuiltIn Icon = BuiltIn::None;
-  float Left = 0;    ///< outer left edge on the screen, twips; kept by the front end
-  float Top = 0;     ///< outer top edge on the screen, twips; kept by the front end
-  float Width = 0;   ///< outer width, twips
-  float Height = 0;  ///< outer height, twips
+  float Left = 0;       ///< outer left edge on the screen, twips; kept by the front end
+  float Top = 0;        ///< outer top edge on the screen, twips; kept by the front end
+  float Width = 0;      ///< outer width, twips
+  float Height = 0;     ///< outer height, twips
   bool Loaded = false;  ///< shown while set; a handler closes the form by clearing it
 
   Event Unload;  ///< the close box was used, or the session ends; null: the form just closes

@@ -7,14 +7,10 @@ namespace {
 
 Pixel Apply(RasterOperation operation, Pixel source, Pixel target) {
   switch (operation) {
-    case RasterOperation::SrcCopy:
-      return source;
-    case RasterOperation::MergePaint:
-      return ~source | target;
-    case RasterOperation::SrcInvert:
-      return source ^ target;
-    case RasterOperation::SrcAnd:
-      return source & target;
+    case RasterOperation::SrcCopy: return source;
+    case RasterOperation::MergePaint: return ~source | target;
+    case RasterOperation::SrcInvert: return source ^ target;
+    case RasterOperation::SrcAnd: return source & target;
   }
   return target;
 }

@@ -29,7 +29,7 @@ class Chooser : public testing::Test {
   frmChooseTheme& Dialog() { return dynamic_cast<frmChooseTheme&>(story.desktop.Front()); }
 
   // Opens the chooser, selects `name` (empty: nothing) and clicks the button.
-  void Choose(const std::string& name, CommandButton frmChooseTheme::* button) {
+  void Choose(const std::string& name, CommandButton frmChooseTheme::*button) {
     story.Then([this] { story.form.Image2.Click(); });
     story.Then([=, this] {
       listed = Dialog().List1.List;
@@ -94,9 +94,10 @@ TEST_F(Chooser, AFolderWithoutAThemeIsNamedAndTheDefaultThemeShown) {
   std::filesystem::create_directory(story.folder.Path() / "program" / "Empty");
   Choose("Empty", &frmChooseTheme::OKButton);
   story.Run();
-  EXPECT_EQ(story.desktop.Boxes,
-            (std::vector<Box>{{"There is an important file missing. Can not load theme Empty\r\nLoading default theme..",
-                               "File(s) missing", BoxIcon::Exclamation}}));
+  EXPECT_EQ(
+      story.desktop.Boxes,
+      (std::vector<Box>{{"There is an important file missing. Can not load theme Empty\r\nLoading default theme..",
+                         "File(s) missing", BoxIcon::Exclamation}}));
   EXPECT_EQ(story.form.Caption, "Sorvex - Theme1");
   EXPECT_EQ(story.state.ThemeName, "Theme1");
 }

@@ -97,9 +97,7 @@ TEST_F(About, LinksOpenTheirAddresses) {
 }
 
 TEST_F(About, FunctionKeysOpenWhatTheImagesOpen) {
-  const auto press = [this](int key) {
-    story.Then([=, this] { CommandForFunctionKey(story.form, key)->Action(); });
-  };
+  const auto press = [this](int key) { story.Then([=, this] { CommandForFunctionKey(story.form, key)->Action(); }); };
   std::vector<std::string> opened;
   const auto note = [&] {
     story.Then([&] {

@@ -19,12 +19,9 @@ constexpr int kLineHeight = 17;  // not what the designed labels measure, so tha
 
 Size SizeOf(BuiltIn which) {
   switch (which) {
-    case BuiltIn::Canvas:
-      return {320, 240};
-    case BuiltIn::HighScoresPanel:
-      return {317, 281};
-    default:
-      return {32, 32};
+    case BuiltIn::Canvas: return {320, 240};
+    case BuiltIn::HighScoresPanel: return {317, 281};
+    default: return {32, 32};
   }
 }
 

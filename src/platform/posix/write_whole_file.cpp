@@ -28,21 +28,17 @@ constexpr int kMostLinks = 40;  // where Linux, too, gives a chain of links up
 RuntimeError ErrorOf(int code) {
   switch (code) {
     case ENOSPC:
-    case EDQUOT:
-      return DiskFull();
+    case EDQUOT: return DiskFull();
     case ENOENT:
-    case ENOTDIR:
-      return PathNotFound();
+    case ENOTDIR: return PathNotFound();
     case EACCES:
     case EPERM:
     case EROFS:
     case EISDIR:
     case ELOOP:
     case ENAMETOOLONG:
-    case ETXTBSY:
-      return PathAccessError();
-    default:
-      return DeviceError();
+    case ETXTBSY: return PathAccessError();
+    default: return DeviceError();
   }
 }
 
