@@ -1,0 +1,173 @@
+// SPDX-License-Identifier: MIT
+// What assistive technology reads and presses, and the text of every box at the start.
+#include <atspi/atspi.h>
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <memory>
+
+#include "window/sitting.h"
+
+namespace sorvex {
+namespace {
+
+namespace fs = std::filesystem;
+
+struct Dropped {
+  void operator()(void* object) const { ::g_object_unref(object); }
+};
+using Object = std::unique_ptr<AtspiAccessible, Dropped>;
+
+std::string Text(char* text) {
+  std::string copy = text == nullptr ? "" : text;
+  ::g_free(text);
+  std::erase(copy, '\r');
+  return copy;
+}
+
+// A screen reader's view of the program.
+class Reader {
+ public:
+  explicit Reader(Sitting& sitting)
+      : bus_({"dbus-daemon", "--session", "--nofork", "--nopidfile", "--print-address=3"}, sitting.environment) {
+    sitting.environment["DBUS_SESSION_BUS_ADDRESS"] = bus_.Announcement();
+    sitting.environment["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"] = "1";
+    for (const char* name : {"DBUS_SESSION_BUS_ADDRESS", "DISPLAY", "XDG_RUNTIME_DIR"})
+      ::setenv(name, sitting.environment[name].c_str(), 1);
+    ::atspi_init();
+  }
+  ~Reader() { ::atspi_exit(); }
+
+  /// Waits until there is such an object.
+  void AwaitObject(const std::string& role, const std::string& name, const std::string& description = {}) {
+    Await([&] { return Find(role, name, description) != nullptr; },
+          [&] { return "nothing like " + role + " [" + name + "] [" + description + "] but\n" + seen_; });
+  }
+
+  void Press(const std::string& name) {
+    AwaitObject("push button", name, name == "Start" ? "Start the game" : "");
+    const Object button = Find("push button", name, name == "Start" ? "Start the game" : "");
+    AtspiAction* action = ::atspi_accessible_get_action_iface(button.get());
+    ASSERT_NE(action, nullptr) << name;
+    EXPECT_EQ(Text(::atspi_action_get_action_name(action, 0, nullptr)), "Press");
+    EXPECT_TRUE(::atspi_action_do_action(action, 0, nullptr));
+    ::g_object_unref(action);
+  }
+
+ private:
+  Object Find(const std::string& role, const std::string& name, const std::string& description) {
+    Object desktop(::atspi_get_desktop(0));
+    ::atspi_accessible_clear_cache(desktop.get());
+    seen_.clear();
+    return FindIn(std::move(desktop), role + " [" + name + "] [" + description + "]\n");
+  }
+
+  Object FindIn(Object object, const std::string& wanted) {
+    const std::string here = Text(::atspi_accessible_get_role_name(object.get(), nullptr)) + " [" +
+                             Text(::atspi_accessible_get_name(object.get(), nullptr)) + "] [" +
+                             Text(::atspi_accessible_get_description(object.get(), nullptr)) + "]\n";
+    seen_ += here;
+    if (here == wanted) return object;
+    const int count = ::atspi_accessible_get_child_count(object.get(), nullptr);
+    for (int i = 0; i < count; ++i) {
+      Object child(::atspi_accessible_get_child_at_index(object.get(), i, nullptr));
+      if (child == nullptr) continue;
+      if (Object found = FindIn(std::move(child), wanted)) return found;
+    }
+    return nullptr;
+  }
+
+  Process bus_;
+  std::string seen_;
+};
+
+// Shared, since a process can be a client of one accessibility bus only.
+class WindowAccessibility : public testing::Test {
+ protected:
+  static void SetUpTestSuite() {
+    TestTheme theme = CupTheme(1);
+    theme.highScores = HighScoreFile({"12.5"});
+    sitting_ = std::make_unique<Sitting>(theme);
+    reader_ = std::make_unique<Reader>(*sitting_);
+  }
+  static void TearDownTestSuite() {
+    reader_.reset();
+    sitting_.reset();
+  }
+
+  Sitting& sitting = *sitting_;
+  Reader& reader = *reader_;
+
+ private:
+  inline static std::unique_ptr<Sitting> sitting_;
+  inline static std::unique_ptr<Reader> reader_;
+};
+
+TEST_F(WindowAccessibility, EverythingIsReadAndPressed) {
+  sitting.Open();
+  for (const char* toolTip :
+       {"Change the theme", "Lef click for program About, right click for description of this theme"})
+    reader.AwaitObject("push button", toolTip, toolTip);
+  reader.Press("");  // the image without a tip
+  reader.AwaitObject("label", "00.00");
+  reader.Press("Start");
+  sitting.AwaitField("after a press on Start", {sitting.Rest(0)}, sitting.Cup(0));
+  reader.Press("HighScores");
+  for (const char* text : {"HIGHSCORES", "1.", "10. ", "P0", "01/02/03", "12.5", "Nobody", "00/00/00", "100"})
+    reader.AwaitObject("label", text);
+  reader.Press("Close");
+  sitting.AwaitPanel(false);
+  sitting.PutIn(0);
+  reader.AwaitObject("alert", "Sorvex");
+  reader.Press("OK");
+  reader.AwaitObject("dialog", "You got a highscore");
+  reader.AwaitObject("text", "What is your name?");
+  sitting.player->Type("Ann");
+  reader.Press("OK");
+  reader.AwaitObject("label", "Ann");
+}
+
+TEST_F(WindowAccessibility, BoxesSayWhatIsWrongWithATheme) {
+  const struct {
+    std::function<void(const fs::path&)> spoil;
+    std::vector<std::pair<std::string, std::string>> boxes;
+  } cases[] = {
+      {[](const fs::path& folder) { fs::remove(folder / "HighScores.ini"); },
+       {{"File not found", "Highscore file not found"}}},
+      {[](const fs::path& folder) { WriteFile(folder / "sm0.bmp", "BM"); },
+       {{"Theme not loaded", "Theme1: sm0.bmp: not a bitmap that can be read\nLoading default theme.."},
+        {"Theme not found", "Can't find Default theme"}}},
+      {[](const fs::path& folder) { WriteFile(folder / "Theme.ini", "25\r\n63\r\nabc\r\n20\r\n"); },
+       {{"Theme not loaded", "Theme1: Theme.ini, line 3: 'abc' is not a number\nLoading default theme.."},
+        {"Theme not found", "Can't find Default theme"}}},
+      {[](const fs::path& folder) { fs::remove_all(folder); },
+       {{"File(s) missing", "There is an important file missing. Can not load theme Theme1\nLoading default theme.."},
+        {"Theme not found", "Can't find Default theme"}}},
+  };
+  for (const auto& wrong : cases) {
+    wrong.spoil(sitting.ThemeFile(""));
+    const auto answerAll = [&] {
+      for (const auto& [title, text] : wrong.boxes) {
+        reader.AwaitObject("alert", title);
+        reader.AwaitObject("label", text);
+        sitting.Answer(title);
+      }
+    };
+    sitting.Start();
+    answerAll();
+    sitting.window = sitting.Await(wrong.boxes.size() == 1 ? "Sorvex - Theme1" : "Sorvex");
+    sitting.Click(100, 270);
+    answerAll();  // at every Start
+    sitting.Await(wrong.boxes.size() == 1 ? "Sorvex - Theme1" : "Sorvex");
+    sitting.player->Tap("h", "Alt_L");
+    sitting.Answer("File not found");
+    sitting.AwaitPanel(true);
+    sitting.player->UseCloseBox(sitting.window);
+    EXPECT_EQ(sitting.program->ExitCode(), 0);
+    WriteTheme(sitting.folder.Path() / "program", sitting.theme);
+    fs::remove(sitting.ThemeFile("HighScores.ini"));
+  }
+}
+
+}  // namespace
+}  // namespace sorvex

@@ -1,0 +1,139 @@
+// SPDX-License-Identifier: MIT
+// Keys, buttons, and the end of the program at every moment.
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <map>
+
+#include "window/sitting.h"
+
+namespace sorvex {
+namespace {
+
+namespace fs = std::filesystem;
+using namespace std::chrono_literals;
+
+std::map<std::string, std::string> FilesIn(const fs::path& folder) {
+  std::map<std::string, std::string> files;
+  for (const auto& entry : fs::directory_iterator(folder))
+    files[entry.path().filename().string()] = ReadWholeFile(entry.path());
+  return files;
+}
+
+void PlayToTheEnd(Sitting& sitting) {
+  sitting.Open();
+  sitting.StartGame();
+  sitting.PutIn(0);
+  sitting.Await("Sorvex");
+}
+
+// While a box is open neither the close box nor a button of the window behind does anything.
+void ExpectNoInput(Sitting& sitting) {
+  if (sitting.window == 0) return;
+  sitting.player->UseCloseBox(sitting.window);
+  sitting.Click(100, 270);
+  sitting.Click(250, 270);
+  EXPECT_FALSE(WaitUntil([&] { return !sitting.program->Runs() || sitting.PanelShows(); }, 500ms));
+}
+
+struct Moment {
+  const char* name;
+  void (*reach)(Sitting&);
+  bool boxOpen;
+};
+
+constexpr Moment kMoments[] = {
+    {"idle", [](Sitting& sitting) { sitting.Open(); }, false},
+    {"inAGame",
+     [](Sitting& sitting) {
+       sitting.Open();
+       sitting.StartGame();
+     },
+     false},
+    {"rightAfterASlide",
+     [](Sitting& sitting) {
+       sitting.Open();
+       sitting.StartGame();
+       sitting.Grab(35, 70);
+       sitting.Hover(60, 150);
+       sitting.AwaitField("while dragging", {{0, 50, 143}}, sitting.Cup(0));
+       sitting.player->Release();
+     },
+     false},
+    {"atTheFirstBox",
+     [](Sitting& sitting) {
+       fs::remove(sitting.ThemeFile("HighScores.ini"));
+       sitting.Start();
+       sitting.Await("File not found");
+     },
+     true},
+    {"atTheGameOverBox", PlayToTheEnd, true},
+    {"atTheNameBox",
+     [](Sitting& sitting) {
+       PlayToTheEnd(sitting);
+       sitting.Answer("Sorvex");
+       sitting.Await("You got a highscore");
+       sitting.player->Type("Half");
+     },
+     true},
+};
+
+class WindowEnd : public testing::TestWithParam<Moment> {};
+
+TEST_P(WindowEnd, ComesAtOnceAndLeavesEveryFileAsItWas) {
+  Sitting sitting(CupTheme(1));
+  for (const bool closeBox : {true, false}) {
+    if (closeBox && GetParam().boxOpen) continue;
+    GetParam().reach(sitting);
+    if (GetParam().boxOpen) ExpectNoInput(sitting);
+    const auto before = FilesIn(sitting.ThemeFile(""));
+    const auto asked = std::chrono::steady_clock::now();
+    if (closeBox)
+      sitting.player->UseCloseBox(sitting.window);
+    else
+      sitting.program->Signal(SIGTERM);
+    EXPECT_EQ(sitting.program->ExitCode(), 0) << (closeBox ? "close box" : "SIGTERM");
+    EXPECT_LT(std::chrono::steady_clock::now() - asked, 5s);
+    EXPECT_EQ(FilesIn(sitting.ThemeFile("")), before);
+    sitting.player->Release();
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Moments, WindowEnd, testing::ValuesIn(kMoments),
+                         [](const auto& info) { return info.param.name; });
+
+TEST(WindowKeys, TabSpaceEnterAndAccessKeysDoAsTheirRulesSay) {
+  Sitting sitting;
+  sitting.Open();
+  const std::vector<Placed> atRest{sitting.Rest(0), sitting.Rest(1), sitting.Rest(2)};
+  const auto keys = [&](std::initializer_list<const char*> names) {
+    for (const char* name : names) sitting.player->Tap(name);
+  };
+  keys({"Return"});
+  sitting.AwaitField("after Enter on Start, which has the focus first", atRest, sitting.Cup(0));
+  keys({"Tab", "space"});
+  sitting.AwaitPanel(true);  // HighScores is second
+  keys({"Tab", "Tab", "space"});
+  sitting.AwaitPanel(false);  // then the field, then Close
+  keys({"Return"});
+  sitting.AwaitPanel(true);  // Close hid itself: Enter is the default button's
+  keys({"Tab", "Return"});
+  sitting.AwaitPanel(false);  // Enter on the focused Close
+  sitting.player->Tap("h", "Alt_L");
+  sitting.AwaitPanel(true);
+  keys({"Tab", "Tab", "space"});
+  sitting.AwaitPanel(false);
+  sitting.Click(10 + 160, 10 + 150);
+  keys({"Return"});
+  sitting.AwaitPanel(true);  // the field was clicked
+  keys({"Tab", "Tab", "Tab", "Tab", "Tab", "space"});
+  sitting.AwaitPanel(false);  // all four, round to Close again
+  keys({"Tab", "Return"});    // hidden, Close is left out: Start after the field
+  sitting.AwaitHover("in a new game", atRest, 2);
+  sitting.player->Tap("s", "Alt_L");
+  sitting.AwaitField("after Alt+S", atRest, sitting.Cup(0));
+  EXPECT_EQ(sitting.player->Titles().size(), 1U);
+}
+
+}  // namespace
+}  // namespace sorvex

@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: MIT
+// Where the pointer is, to the pixel, and every place that it was at.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <csignal>
+
+#include "window/sitting.h"
+
+namespace sorvex {
+namespace {
+
+// Items that can be grabbed only at their last column.
+TestTheme ThinItems(int count) {
+  TestTheme theme = CupTheme(count);
+  for (TestItem& item : theme.items) item.clear = item.size.width - 1;
+  return theme;
+}
+
+// Waits until the shown time has changed thrice: what was done before has been delivered by then, and drawn.
+void AwaitFrames(const Sitting& sitting) {
+  for (int i = 0; i < 3; ++i) {
+    const Bitmap before = sitting.Look({0, 264, 49, 284});
+    Await([&] { return sitting.Look({0, 264, 49, 284}) != before; }, [] { return std::string("no frame comes"); });
+  }
+}
+
+class WindowAtScale : public testing::TestWithParam<double> {};
+
+TEST_P(WindowAtScale, APressMeansThePixelSeenThere) {
+  Sitting sitting(ThinItems(2), GetParam());
+  sitting.Open();
+  const Rectangle client = sitting.player->ClientArea(sitting.window);
+  EXPECT_NEAR(client.Width(), 335 * GetParam(), 1);
+  EXPECT_NEAR(client.Height(), 294 * GetParam(), 1);
+  sitting.StartGame();
+  sitting.Click(10, 270);
+
+  const Placed rest = sitting.Rest(0);
+  const Rectangle row = sitting.OnScreen({10 + rest.x, 10 + rest.y + 7, 10 + rest.x + 14, 10 + rest.y + 8});
+  const Bitmap seen = sitting.player->Look({row.left, row.top, row.right + 2, row.top + 1});
+  std::vector<int> opaque;
+  for (int x = 0; x < seen.Width(); ++x)
+    if (seen.At(x, 0) == 0xFFC00000) opaque.push_back(row.left + x);
+  ASSERT_EQ(opaque.size(), static_cast<std::size_t>(row.right - opaque.front()));
+
+  const auto dragToTarget = [&](int column) {
+    sitting.AwaitHover("before a press", {sitting.Rest(0), sitting.Rest(1)}, 1);
+    sitting.AwaitHover("before a press", {sitting.Rest(0), sitting.Rest(1)}, 0);
+    sitting.player->Move(column, row.top);
+    sitting.player->Press();
+    sitting.player->Move(column, row.top + 1);
+    sitting.Hover(275, 195);
+    AwaitFrames(sitting);
+    sitting.player->Release();
+  };
+  for (const int column : {opaque.front() - 1, opaque.back() + 1}) {
+    dragToTarget(column);
+    sitting.AwaitHover("after a press beside the item", {sitting.Rest(0), sitting.Rest(1)}, 1);
+  }
+  for (const int column : opaque) {
+    dragToTarget(column);
+    sitting.AwaitField("after a press on the item", {sitting.Rest(1)}, std::nullopt);
+    sitting.StartGame();
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Factors, WindowAtScale, testing::Values(1, 1.25, 1.5, 2),
+                         [](const auto& info) { return std::to_string(std::lround(info.param * 100)); });
+
+TEST(WindowPointer, EveryQueuedMovementCounts) {
+  Sitting sitting(ThinItems(1));
+  sitting.Open();
+  sitting.StartGame();
+  sitting.program->Signal(SIGSTOP);
+  sitting.Hover(30, 70);
+  sitting.player->Press();
+  for (const auto& [x, y] : {std::pair{38, 70}, {38, 20}, {200, 100}}) sitting.Hover(x, y);
+  sitting.program->Signal(SIGCONT);
+  sitting.AwaitField("after the pointer crossed the item", {{0, 195, 93}}, sitting.Cup(0));
+}
+
+}  // namespace
+}  // namespace sorvex
