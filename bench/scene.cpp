@@ -64,7 +64,7 @@ Scene::Scene(const SceneDesign& design, std::uint32_t seed) : desktop("", "") {
   std::mt19937 random(seed);
   PaintDesign(desktop, form);
   form.picBg1.SetPicture(MakePicture(Coloured(Mask(design.field, [](int, int) { return true; }), random)));
-  form.picBG2.SetPicture(MakePicture(form.picBg1.Image()));
+  form.picBG2.SetPicture(MakeTwin(form.picBg1.PictureObject()));
   form.PicBlank.SetPicture(form.picBg1.PictureObject());
   form.PicCanvas.Resize(form.PicBlank.Width, form.PicBlank.Height);
   form.PicBackbuff.Resize(form.PicCanvas.Width, form.PicCanvas.Height);

@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: MIT
-// Times one frame and one contact test in games of three sizes, beside yardsticks timed in the same run.
+// Times frames, contact tests, slides and theme loads in games of three sizes, beside yardsticks timed in the same run.
+// docs/performance.md says what each may cost.
 #include <benchmark/benchmark.h>
 
 #include <cstring>
 #include <string>
-#include <vector>
 
 #include "game/collision.h"
 #include "game/render_loop.h"
+#include "game/return_item.h"
 #include "scene.h"
 
 namespace sorvex::bench {
@@ -26,13 +27,37 @@ void Memcpy(benchmark::State& run, const SceneDesign& design) {
   }
 }
 
-// A full redraw and both tests.
+// A full redraw and both tests: nothing is known of the last frame.
 void Frame(benchmark::State& run, const SceneDesign& design) {
   Scene scene(design, kSeed);
   for (auto _ : run) {
+    scene.game.frame.backbuffRevision = scene.game.frame.canvasRevision = 0;
+    scene.game.frame.settled = false;
     DrawAndTestFrame(scene.game);
     benchmark::ClobberMemory();
   }
+}
+
+// The frame after the dragged item moved by 3 pixels, there and back.
+void Moving(benchmark::State& run, const SceneDesign& design) {
+  Scene scene(design, kSeed);
+  scene.state.ItemY(0) = static_cast<Integer>(scene.state.ItemY(0) - 4);
+  Integer step = 3;
+  for (auto _ : run) {
+    scene.state.ItemY(0) = static_cast<Integer>(scene.state.ItemY(0) - step);
+    step = static_cast<Integer>(-step);
+    DrawAndTestFrame(scene.game);
+    benchmark::ClobberMemory();
+  }
+}
+
+// The next frame when nothing changed.
+void Still(benchmark::State& run, const SceneDesign& design) {
+  Scene scene(design, kSeed);
+  while (DrawAndTestFrame(scene.game)) {
+  }
+  for (auto _ : run)
+    if (DrawAndTestFrame(scene.game)) run.SkipWithError("a frame that changes nothing was drawn");
 }
 
 bool Touches(const Scene& scene, PictureBox& work) {
@@ -44,9 +69,8 @@ bool Touches(const Scene& scene, PictureBox& work) {
 void Contact(benchmark::State& run, const SceneDesign& design) {
   Scene scene(design, kSeed);
   Touches(scene, scene.form.picCD);  // from here on the work surface has the item's size
-  for (auto _ : run) {
+  for (auto _ : run)
     if (Touches(scene, scene.form.picCD)) run.SkipWithError("the item touches its container");
-  }
 }
 
 // The same question asked of the two masks' pixels, one by one.
@@ -67,6 +91,19 @@ void ContactByPixel(benchmark::State& run, const SceneDesign& design) {
   }
 }
 
+// The whole slide of an item from 300 pixels away back to its rest.
+void Slide(benchmark::State& run, const SceneDesign& design) {
+  Scene scene(design, kSeed);
+  modVariables& state = scene.state;
+  const auto restX = static_cast<Integer>(state.ContX(0) + 5);
+  const auto farX = static_cast<Integer>(restX + 300 < design.field.width ? restX + 300 : restX - 300);
+  for (auto _ : run) {
+    state.ItemX(0) = farX;
+    ReturnItem(scene.game);
+    benchmark::ClobberMemory();
+  }
+}
+
 void Register(const std::string& name, void (*work)(benchmark::State&, const SceneDesign&)) {
   for (const SceneDesign& design : kScenes)
     benchmark::RegisterBenchmark((name + "/" + design.name).c_str(),
@@ -80,8 +117,11 @@ int main(int argc, char** argv) {
   using namespace sorvex::bench;
   Register("Memcpy", Memcpy);
   Register("Frame", Frame);
+  Register("Moving", Moving);
+  Register("Still", Still);
   Register("Contact", Contact);
   Register("ContactByPixel", ContactByPixel);
+  Register("Slide", Slide);
   benchmark::Initialize(&argc, argv);
   if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
   benchmark::RunSpecifiedBenchmarks();

@@ -16,6 +16,7 @@ double RoundHalfEven(double value);
 
 /// Rounds half to even; throws Overflow (6) when the result does not fit, or when `value` is not a number.
 Integer ToInteger(double value);
+Integer ToInteger(int value);
 Long ToLong(double value);
 
 /// A number that opens `text`: blanks, a sign, digits, a period, digits. Reading stops at the first other

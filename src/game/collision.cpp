@@ -4,35 +4,31 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <span>
 
 namespace sorvex {
 namespace {
 
-// The 64 bits of `row` that begin at bit `from`, which may lie outside: what is outside is 0.
-std::uint64_t BitsFrom(std::span<const std::uint64_t> row, int from) {
-  const int word = from >> 6;
-  const int shift = from & 63;
-  const auto at = [&](int i) {
-    return i >= 0 && i < static_cast<int>(row.size()) ? row[static_cast<std::size_t>(i)] : std::uint64_t{0};
-  };
-  const std::uint64_t low = at(word) >> shift;
-  return shift == 0 ? low : low | at(word + 1) << (64 - shift);
-}
-
-// Whether the first `width` bits of `item` meet bits of `container` shifted by `dx`.
-bool RowsMeet(std::span<const std::uint64_t> item, std::span<const std::uint64_t> container, int width, int dx) {
-  for (int x = 0; x < width; x += 64) {
-    std::uint64_t bits = item[static_cast<std::size_t>(x / 64)] & BitsFrom(container, x + dx);
-    if (width - x < 64) bits &= (std::uint64_t{1} << (width - x)) - 1;
-    if (bits != 0) return true;
+// Whether the item's bits in its first `width` columns and in rows `top` to `bottom` meet the container's, which lie
+// (dx, dy) further in.
+bool BitsMeet(const BitPlane& item, const BitPlane& container, int width, int top, int bottom, int dx, int dy) {
+  const int offset = dx >> 6;  // of an item's word to the container's word that its first bit falls into
+  const int shift = dx & 63;
+  const int first = std::max(0, -1 - offset);
+  const int last = std::min((width + 63) / 64, container.WordsPerRow() - offset);
+  const std::uint64_t lastBits = width % 64 == 0 ? ~std::uint64_t{0} : (std::uint64_t{1} << (width % 64)) - 1;
+  for (int y = top; y < bottom; ++y) {
+    const std::uint64_t* opaque = item.Row(y);
+    const std::uint64_t* solid = container.Row(y + dy) + offset;
+    for (int word = first; word < last; ++word) {
+      const std::uint64_t under = solid[word] >> shift | solid[word + 1] << 1 << (63 - shift);
+      const std::uint64_t seen = (word + 1) * 64 > width ? lastBits : ~std::uint64_t{0};
+      if ((opaque[word] & under & seen) != 0) return true;
+    }
   }
   return false;
 }
 
-const MaskBits* BitsOf(const PictureBox& mask) {
-  return mask.PictureObject() ? mask.PictureObject()->mask.get() : nullptr;
-}
+const MaskBits* BitsOf(const PictureBox& mask) { return mask.PictureObject() ? mask.PictureObject()->Mask() : nullptr; }
 
 }  // namespace
 
@@ -53,9 +49,7 @@ bool HitsContainer(Integer itemLeft, Integer itemTop, Integer containerLeft, Int
   const int width = std::min(opaque.Extent().width, seen.width);
   const int top = std::max(0, -dy);
   const int bottom = std::min({opaque.Extent().height, seen.height, solid.Extent().height - dy});
-  for (int y = top; y < bottom; ++y)
-    if (RowsMeet(opaque.Row(y), solid.Row(y + dy), width, dx)) return true;
-  return false;
+  return BitsMeet(opaque, solid, width, top, bottom, dx, dy);
 }
 
 bool OverTarget(Integer itemLeft, Integer itemTop, Integer targetLeft, Integer targetTop, const PictureBox& itemMask,

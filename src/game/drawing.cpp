@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
-// Masked drawing in one pass over the pixels, and the order in which a frame is composed.
+// Masked drawing in one pass over the pixels, and frames that redo only the boxes in which they differ from the last.
 #include "game/drawing.h"
 
 #include <algorithm>
+#include <cstring>
 
 namespace sorvex {
 namespace {
@@ -12,62 +13,152 @@ int RowWidth(const Bitmap& bitmap, int row, int limit) {
   return row < bitmap.Height() ? std::min(bitmap.Width(), limit) : 0;
 }
 
+void CopyRow(Pixel* to, const Pixel* from, int count) {
+  std::memcpy(to, from, static_cast<std::size_t>(count) * sizeof(Pixel));
+}
+
+const PictureBox& PictureOf(const frmMain& form, std::size_t place, const Placement& placement) {
+  if (place == 0) return form.PicPlainSprite(placement.which);
+  return place <= kMostItems ? form.PicSprite(placement.which) : form.picCont(placement.which);
+}
+
+const PictureBox& MaskOf(const frmMain& form, std::size_t place, const Placement& placement) {
+  if (place == 0) return form.PicPlainMask(placement.which);
+  return place <= kMostItems ? form.PicMask(placement.which) : form.PicContMask(placement.which);
+}
+
+// All that drawing the picture there can touch.
+Rectangle Reach(const frmMain& form, std::size_t place, const Placement& placement) {
+  const PictureBox& picture = PictureOf(form, place, placement);
+  const Size outer = picture.OuterSize();
+  const Size mask = MaskOf(form, place, placement).ScaleSize();
+  const Size inner = picture.ScaleSize();
+  return Rectangle::At(placement.x, placement.y,
+                       {std::max(inner.width, std::min(mask.width, outer.width)),
+                        std::max(inner.height, std::min(mask.height, outer.height))});
+}
+
+FrameContent ContentNow(const Game& game, ContainerShown container) {
+  const frmMain& form = game.form;
+  const modVariables& state = game.state;
+  const Bitmap& background = form.PicBlank.Image();
+  FrameContent content;
+  content.themeLoads = state.ThemeLoads;
+  content.background = background.Pixels().data();
+  content.backgroundSize = background.Extent();
+  content.placements.front() = {0, state.PlainX(0), state.PlainY(0)};
+  for (Long i = 0; i <= state.LastItem; ++i)
+    if (state.ItemInPlay(i))
+      content.placements[static_cast<std::size_t>(1 + i)] = {static_cast<Integer>(i), state.ItemX(i), state.ItemY(i)};
+  const Integer current = state.CurCont;
+  if (container == ContainerShown::Yes && state.ContInPlay(current))
+    content.placements.back() = {current, state.ContX(current), state.ContY(current)};
+  return content;
+}
+
+void Compose(const frmMain& form, const FrameContent& content, Bitmap& dest, const Rectangle& box) {
+  CopySurface(dest, form.PicBlank.Image(), box);
+  for (std::size_t place = 0; place < content.placements.size(); ++place) {
+    const Placement& placement = content.placements[place];
+    if (placement.which >= 0 && !Intersection(Reach(form, place, placement), box).Empty())
+      DrawMasked(dest, placement.x, placement.y, PictureOf(form, place, placement), MaskOf(form, place, placement),
+                 box);
+  }
+}
+
+// Where the two frames may differ.
+BoxList Differences(const frmMain& form, const FrameContent& before, const FrameContent& after, const Rectangle& all) {
+  BoxList boxes;
+  if (before.themeLoads != after.themeLoads || before.background != after.background ||
+      before.backgroundSize != after.backgroundSize) {
+    boxes.Add(all);
+    return boxes;
+  }
+  for (std::size_t place = 0; place < after.placements.size(); ++place) {
+    if (before.placements[place] == after.placements[place]) continue;
+    for (const Placement& placement : {before.placements[place], after.placements[place]})
+      if (placement.which >= 0) boxes.Add(Intersection(Reach(form, place, placement), all));
+  }
+  return boxes;
+}
+
 }  // namespace
 
-void DrawMasked(PictureBox& dest, int x, int y, const PictureBox& picture, const PictureBox& mask) {
-  Bitmap& target = dest.Drawing();
+void DrawMasked(Bitmap& dest, int x, int y, const PictureBox& picture, const PictureBox& mask, const Rectangle& clip) {
   const Bitmap& colours = picture.Image();
   const Bitmap& cutout = mask.Image();
-  const Size outer = picture.OuterSize();
-
-  const int left = std::max(0, -x);
-  const int right = std::min(outer.width, target.Width() - x);
-  const int top = std::max(0, -y);
-  const int bottom = std::min(outer.height, target.Height() - y);
-  if (left >= right) return;
-  for (int row = top; row < bottom; ++row) {
-    const int coloured = RowWidth(colours, row, right);
-    const int masked = RowWidth(cutout, row, right);
-    Pixel* out = target.Row(y + row) + x;
+  const Rectangle area =
+      Intersection(Intersection(Rectangle::At(x, y, picture.OuterSize()), clip), dest.Bounds()).Moved(-x, -y);
+  if (area.Empty()) return;
+  for (int row = area.top; row < area.bottom; ++row) {
+    const int coloured = RowWidth(colours, row, area.right);
+    const int masked = RowWidth(cutout, row, area.right);
+    Pixel* out = dest.Row(y + row) + x;
     const Pixel* colour = coloured > 0 ? colours.Row(row) : nullptr;
     const Pixel* cut = masked > 0 ? cutout.Row(row) : nullptr;
-    int column = left;
+    int column = area.left;
     for (; column < std::min(coloured, masked); ++column) out[column] = (out[column] | ~cut[column]) & colour[column];
     for (; column < coloured; ++column) out[column] &= colour[column];
     for (; column < masked; ++column) out[column] |= ~cut[column];
   }
 }
 
-void CopySurface(PictureBox& dest, const PictureBox& source) {
-  const Bitmap& from = source.Image();
-  Bitmap& to = dest.Drawing();
-  const int width = std::min(from.Width(), to.Width());
-  const int height = std::min(from.Height(), to.Height());
-  for (int row = 0; row < height; ++row) std::copy_n(from.Row(row), width, to.Row(row));
+void CopySurface(Bitmap& dest, const Bitmap& source, const Rectangle& clip) {
+  const Rectangle area = Intersection(Intersection(dest.Bounds(), source.Bounds()), clip);
+  if (area.Empty()) return;
+  if (area == dest.Bounds() && area == source.Bounds()) {
+    CopyRow(dest.Row(0), source.Row(0), area.Width() * area.Height());
+    return;
+  }
+  for (int row = area.top; row < area.bottom; ++row)
+    CopyRow(dest.Row(row) + area.left, source.Row(row) + area.left, area.Width());
 }
 
-void ComposeFrame(Game& game, PictureBox& dest) {
+void ShowFrame(Game& game, ContainerShown container) {
   frmMain& form = game.form;
-  const modVariables& state = game.state;
-  CopySurface(dest, form.PicBlank);
-  for (int i = 0; i < form.PicPlainSprite.Count(); ++i)
-    DrawMasked(dest, state.PlainX(i), state.PlainY(i), form.PicPlainSprite(i), form.PicPlainMask(i));
-  for (Long i = 0; i <= state.LastItem; ++i)
-    if (state.ItemInPlay(i)) DrawMasked(dest, state.ItemX(i), state.ItemY(i), form.PicSprite(i), form.PicMask(i));
+  FrameMemory& memory = game.frame;
+  const FrameContent content = ContentNow(game, container);
+  const Rectangle all = Rectangle::At(0, 0, form.PicBackbuff.ScaleSize());
+  BoxList boxes;
+  if (memory.backbuffRevision == form.PicBackbuff.Revision())
+    boxes = Differences(form, memory.content, content, all);
+  else
+    boxes.Add(all);
+  memory.content = content;
+  if (!boxes.Boxes().empty()) {
+    Bitmap& backBuffer = form.PicBackbuff.Drawing();
+    for (const Rectangle& box : boxes.Boxes()) Compose(form, content, backBuffer, box);
+    memory.backbuffRevision = form.PicBackbuff.Revision();
+  }
+
+  if (memory.canvasRevision != form.PicCanvas.Revision()) boxes.Add(all);
+  if (boxes.Boxes().empty()) return;
+  Bitmap& canvas = form.PicCanvas.Drawing();
+  for (const Rectangle& box : boxes.Boxes()) CopySurface(canvas, form.PicBackbuff.Image(), box);
+  memory.canvasRevision = form.PicCanvas.Revision();
+  game.desktop.Refresh(form.PicCanvas, boxes.Boxes());
 }
 
-void DrawContainer(Game& game, PictureBox& dest) {
-  const frmMain& form = game.form;
-  const modVariables& state = game.state;
-  const Integer container = state.CurCont;
-  if (state.ContInPlay(container))
-    DrawMasked(dest, state.ContX(container), state.ContY(container), form.picCont(container),
-               form.PicContMask(container));
+void ShowWaitingFrame(Game& game) {
+  PictureBox& field = game.form.PicCanvas;
+  Bitmap& canvas = field.Drawing();
+  Compose(game.form, ContentNow(game, ContainerShown::Yes), canvas, canvas.Bounds());
+  game.desktop.Refresh(field, std::array{canvas.Bounds()});
 }
 
-void PresentFrame(Game& game) {
-  CopySurface(game.form.PicCanvas, game.form.PicBackbuff);
-  game.desktop.Refresh(game.form.PicCanvas);
+void BoxList::Add(Rectangle box) {
+  if (box.Empty()) return;
+  for (std::size_t i = 0; i < count_;) {
+    if (Intersection(boxes_[i], box).Empty()) {
+      ++i;
+      continue;
+    }
+    box = {std::min(box.left, boxes_[i].left), std::min(box.top, boxes_[i].top), std::max(box.right, boxes_[i].right),
+           std::max(box.bottom, boxes_[i].bottom)};
+    boxes_[i] = boxes_[--count_];
+    i = 0;  // the joined box may reach others
+  }
+  boxes_[count_++] = box;
 }
 
 }  // namespace sorvex

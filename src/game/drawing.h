@@ -2,26 +2,29 @@
 // Drawing on surfaces: pictures through their masks, and whole frames.
 #pragma once
 
+#include "base/rectangle.h"
 #include "game/game.h"
 #include "platform/controls.h"
 
 namespace sorvex {
 
-/// Draws `picture` through `mask` with its top-left corner at (x, y) of `dest`. The pixels are those of two copies that
-/// span the picture's outer size (its frame included): the mask with MERGEPAINT (white where it is black), then the
-/// picture with SRCAND. Beyond its own picture a copy leaves `dest` unchanged.
-/// (Raster operations: BitBlt in the Windows GDI documentation.)
-void DrawMasked(PictureBox& dest, int x, int y, const PictureBox& picture, const PictureBox& mask);
+/// Draws `picture` through `mask` with its top-left corner at (x, y) of `dest`, as far as it lies in `clip` (pixels of
+/// `dest`). The pixels are those of two copies that span the picture's outer size (its frame included): the mask with
+/// MERGEPAINT (white where it is black), then the picture with SRCAND. Beyond its own picture a copy leaves `dest`
+/// unchanged. (Raster operations: BitBlt in the Windows GDI documentation.)
+void DrawMasked(Bitmap& dest, int x, int y, const PictureBox& picture, const PictureBox& mask, const Rectangle& clip);
 
-/// Copies `source` onto `dest` at (0, 0), as far as both reach (SRCCOPY).
-void CopySurface(PictureBox& dest, const PictureBox& source);
+/// Copies `source` onto `dest` at (0, 0), as far as both reach and inside `clip` (SRCCOPY).
+void CopySurface(Bitmap& dest, const Bitmap& source, const Rectangle& clip);
 
-/// Composes a frame on `dest`: background, target, the items in play from lowest to highest.
-void ComposeFrame(Game& game, PictureBox& dest);
-/// Draws the current container, if it is in play, over them.
-void DrawContainer(Game& game, PictureBox& dest);
+enum class ContainerShown { No, Yes };
 
-/// Shows PicBackbuff on the play field at once.
-void PresentFrame(Game& game);
+/// Composes a frame on PicBackbuff and shows it on the play field at once: background, target, the items in play from
+/// lowest to highest, then, if wanted and in play, the current container. What has not changed since the last frame is
+/// not touched again.
+void ShowFrame(Game& game, ContainerShown container);
+
+/// Draws the same frame straight onto the play field and shows it.
+void ShowWaitingFrame(Game& game);
 
 }  // namespace sorvex

@@ -2,6 +2,7 @@
 // What the game's procedures work on, in one parameter.
 #pragma once
 
+#include "game/frame_memory.h"
 #include "game/mod_variables.h"
 #include "platform/desktop.h"
 #include "ui/main_window.h"
@@ -12,6 +13,7 @@ struct Game {
   Desktop& desktop;
   frmMain& form;
   modVariables& state;
+  FrameMemory frame{};
 };
 
 }  // namespace sorvex

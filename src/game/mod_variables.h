@@ -16,6 +16,7 @@ class Slots {
  public:
   T& operator()(Long index) { return values_[Checked(index)]; }
   const T& operator()(Long index) const { return values_[Checked(index)]; }
+  bool operator==(const Slots&) const = default;
 
  private:
   static std::size_t Checked(Long index) {
@@ -34,6 +35,7 @@ struct ItemTable {
   Slots<Integer, kMostItems> ItemX, ItemY;
   Slots<Integer, kMostItems> ContX, ContY;
   Slots<bool, kMostItems> ItemInPlay, ContInPlay;
+  bool operator==(const ItemTable&) const = default;
 };
 
 struct modVariables : ItemTable {
@@ -42,6 +44,8 @@ struct modVariables : ItemTable {
   Integer CurCont = 0;               ///< drawn, and taken out of play with the item put in
   bool GameEnded = false;            ///< a frame loop that finds it set after its event delivery leaves at once
   std::string ThemeName;             ///< the current theme's folder, beside the executable
+
+  unsigned ThemeLoads = 0;  ///< how many themes have been put onto the window
 
   /// Where the Start command stands. A Start that comes while it plays ends that game and asks for a new one; one that
   /// comes while it prepares is the game being prepared.

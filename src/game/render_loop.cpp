@@ -2,6 +2,7 @@
 // The frame loop. Every frame's order is part of the game's rules; nothing paces it.
 #include "game/render_loop.h"
 
+#include <cstdint>
 #include <cstdlib>
 #include <string>
 
@@ -20,17 +21,18 @@ void EndDrag(frmMain& form) {
   form.Dragging = false;
 }
 
-// The container tested is the current item's own, which need not be the one that is drawn.
-void TestCollision(Game& game) {
+// The container tested is the current item's own, which need not be the one that is drawn. True on contact.
+bool TestCollision(Game& game) {
   frmMain& form = game.form;
   const modVariables& state = game.state;
   const Integer item = state.CurItem;
   if (!HitsContainer(state.ItemX(item), state.ItemY(item), state.ContX(item), state.ContY(item), form.PicMask(item),
                      form.PicContMask(item), form.picCD))
-    return;
+    return false;
   EndDrag(form);
   ReturnItem(game);
   modPlayWav::PlayWav(game.desktop, form.HitTubeWav);
+  return true;
 }
 
 void TestPlacement(Game& game) {
@@ -61,10 +63,39 @@ void ReportGameOver(Game& game, double elapsed) {
   game.state.GameEnded = true;
 }
 
+TestInputs InputsNow(const Game& game) {
+  const frmMain& form = game.form;
+  const modVariables& state = game.state;
+  return {state,         state.PlainX(0), state.PlainY(0), state.CurItem,
+          state.CurCont, form.MouseHeld,  form.Dragging,   form.picCD.ScaleSize()};
+}
+
+// True when nothing that drawing or the tests read has changed since the last frame, whose tests changed nothing.
+bool WouldRepeatTheLastFrame(const Game& game) {
+  const frmMain& form = game.form;
+  const modVariables& state = game.state;
+  const FrameMemory& memory = game.frame;
+  const TestInputs& tested = memory.tested;
+  const Bitmap& background = form.PicBlank.Image();
+  return memory.settled && memory.backbuffRevision == form.PicBackbuff.Revision() &&
+         memory.canvasRevision == form.PicCanvas.Revision() && memory.content.themeLoads == state.ThemeLoads &&
+         memory.content.background == background.Pixels().data() &&
+         memory.content.backgroundSize == background.Extent() && tested.currentItem == state.CurItem &&
+         tested.currentContainer == state.CurCont && tested.mouseHeld == form.MouseHeld &&
+         tested.dragging == form.Dragging && tested.targetX == state.PlainX(0) && tested.targetY == state.PlainY(0) &&
+         tested.workSize == form.picCD.ScaleSize() && tested.table == state;
+}
+
+// Milliseconds until the elapsed time shows its next hundredth.
+int UntilNextHundredth(Long start, Long now) {
+  const auto milliseconds = static_cast<std::uint32_t>(now) - static_cast<std::uint32_t>(start);
+  return 10 - static_cast<int>((milliseconds + 5) % 10);
+}
+
 // One frame; false when the run was ended by the start of another.
 bool RunFrame(Game& game, Long start) {
-  DrawAndTestFrame(game);
-  game.desktop.DeliverEvents();
+  const bool repeated = !DrawAndTestFrame(game);
+  game.desktop.DeliverEvents(repeated ? UntilNextHundredth(start, game.desktop.TickCount()) : 0);
   if (game.state.GameEnded) return false;
   const double elapsed = ElapsedSeconds(start, game.desktop.TickCount());
   game.form.lblTime.SetCaption(game.desktop, NumberText(elapsed));
@@ -89,12 +120,15 @@ void RenderLoop(Game& game) {
   }
 }
 
-void DrawAndTestFrame(Game& game) {
-  ComposeFrame(game, game.form.PicBackbuff);
-  DrawContainer(game, game.form.PicBackbuff);
-  PresentFrame(game);
-  TestCollision(game);
+bool DrawAndTestFrame(Game& game) {
+  if (WouldRepeatTheLastFrame(game)) return false;
+  ShowFrame(game, ContainerShown::Yes);
+  const TestInputs before = InputsNow(game);
+  const bool touched = TestCollision(game);
   TestPlacement(game);
+  game.frame.tested = InputsNow(game);
+  game.frame.settled = !touched && game.frame.tested == before;
+  return true;
 }
 
 double ElapsedSeconds(Long start, Long now) {

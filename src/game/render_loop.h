@@ -11,8 +11,9 @@ namespace sorvex {
 void RenderLoop(Game& game);
 
 /// What every frame does before it delivers events: composes and presents, then tests the current item against its
-/// container and against the target and acts on what it finds.
-void DrawAndTestFrame(Game& game);
+/// container and against the target and acts on what it finds. False when that would have repeated the last frame in
+/// every respect, and was left out.
+bool DrawAndTestFrame(Game& game);
 
 /// Seconds between two tick counts, rounded half up to hundredths. Throws Overflow (6) when the difference is no Long.
 double ElapsedSeconds(Long start, Long now);

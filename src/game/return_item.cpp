@@ -41,8 +41,7 @@ void ReturnItem(Game& game) {
     if (IsNear(state.ItemX(item), restX) && IsNear(state.ItemY(item), restY)) break;
     // A rest place outside the field cannot be reached: the slide ends where no step moves the item any more.
     if (state.ItemX(item) == fromX && state.ItemY(item) == fromY) break;
-    ComposeFrame(game, form.PicBackbuff);
-    PresentFrame(game);
+    ShowFrame(game, ContainerShown::No);
   }
   state.ItemX(item) = restX;
   state.ItemY(item) = restY;

@@ -11,7 +11,10 @@
 namespace sorvex {
 namespace {
 
-int ToPixels(float value) { return static_cast<int>(RoundHalfEven(value)); }
+int ToPixels(float value) {
+  const int whole = static_cast<int>(value);
+  return static_cast<float>(whole) == value ? whole : static_cast<int>(RoundHalfEven(value));
+}
 
 // Copies `source` onto `target` at (0, 0), as far as it fits.
 void CopyOnto(Bitmap& target, const Bitmap& source) {
@@ -30,13 +33,14 @@ Size PictureBox::ScaleSize() const {
 }
 
 void PictureBox::SetPicture(Picture picture) {
+  ++revision_;
   picture_ = std::move(picture);
   if (picture_ && AutoSize) {
     const int frame = 2 * FrameWidth(BorderStyle);
-    Width = static_cast<float>(picture_->pixels.Width() + frame);
-    Height = static_cast<float>(picture_->pixels.Height() + frame);
+    Width = static_cast<float>(picture_->Pixels().Width() + frame);
+    Height = static_cast<float>(picture_->Pixels().Height() + frame);
   }
-  drawn_ = !picture_ || picture_->pixels.Extent() != ScaleSize();
+  drawn_ = !picture_ || picture_->Pixels().Extent() != ScaleSize();
   if (drawn_) Materialize();
 }
 
@@ -45,6 +49,7 @@ void PictureBox::Resize(float width, float height) {
   Width = width;
   Height = height;
   if (ScaleSize() == before) return;
+  ++revision_;
   Bitmap resized(ScaleSize(), Background);
   CopyOnto(resized, Image());
   own_ = std::move(resized);
@@ -52,13 +57,14 @@ void PictureBox::Resize(float width, float height) {
 }
 
 Bitmap& PictureBox::Drawing() {
+  ++revision_;
   if (!drawn_) Materialize();
   return own_;
 }
 
 void PictureBox::Materialize() {
   own_ = Bitmap(ScaleSize(), Background);
-  if (picture_) CopyOnto(own_, picture_->pixels);
+  if (picture_) CopyOnto(own_, picture_->Pixels());
   drawn_ = true;
 }
 

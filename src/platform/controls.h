@@ -113,9 +113,11 @@ struct PictureBox : Control {
   void Resize(float width, float height);
 
   /// The persistent image, as large as the drawing area.
-  const Bitmap& Image() const { return picture_ && !drawn_ ? picture_->pixels : own_; }
+  const Bitmap& Image() const { return picture_ && !drawn_ ? picture_->Pixels() : own_; }
   /// The same for drawing; from then on the image is the surface's own and no longer its picture's.
   Bitmap& Drawing();
+  /// Changes whenever the image may have changed.
+  unsigned Revision() const { return revision_; }
 
   /// What BackColor is on this desktop; set by PaintDesign.
   Pixel Background = kWhite;
@@ -126,6 +128,7 @@ struct PictureBox : Control {
   Picture picture_;
   Bitmap own_;
   bool drawn_ = true;  // the image is own_, not the picture
+  unsigned revision_ = 0;
 };
 
 struct Label : Control {

@@ -54,10 +54,12 @@ class Desktop {
   /// Shows `form` and serves events until its Loaded is cleared. With an owner it is modal: meanwhile the owner takes
   /// no input.
   virtual void Show(Form& form, Form* owner) = 0;
-  /// Brings every window up to date, delivers all pending events (input in order, due timers, paints), returns.
-  virtual void DeliverEvents() = 0;
-  /// Shows the surface's image on the screen before returning.
-  virtual void Refresh(PictureBox& surface) = 0;
+  /// Brings every window up to date, delivers all pending events (input in order, due timers, paints), returns. When
+  /// nothing is pending it first waits for something, up to `patience` milliseconds.
+  virtual void DeliverEvents(int patience = 0) = 0;
+  /// Shows the surface's image on the screen before returning. Since the last call only what lies in the boxes
+  /// `changed` (drawing area pixels) has changed.
+  virtual void Refresh(PictureBox& surface, std::span<const Rectangle> changed) = 0;
   /// A modal box with one OK button. Lines of `text` end with CR LF.
   virtual void ShowMessage(const std::string& text, const std::string& title, BoxIcon icon) = 0;
   /// A modal box with an empty entry field, OK and Cancel; what was typed, empty on Cancel.

@@ -7,8 +7,10 @@
 namespace sorvex {
 
 Picture MakePicture(Bitmap pixels) {
-  return std::make_shared<const PictureData>(PictureData{std::move(pixels), nullptr});
+  return std::make_shared<const PictureData>(std::make_shared<const Bitmap>(std::move(pixels)));
 }
+
+Picture MakeTwin(const Picture& picture) { return std::make_shared<const PictureData>(picture->SharedPixels()); }
 
 Picture MakeMask(Bitmap pixels) {
   auto bits = std::make_unique<MaskBits>(MaskBits{BitPlane(pixels.Extent()), BitPlane(pixels.Extent())});
@@ -19,7 +21,7 @@ Picture MakeMask(Bitmap pixels) {
       if ((row[x] & 0xC00000) == 0) bits->containerSolid.Set(x, y);
     }
   }
-  return std::make_shared<const PictureData>(PictureData{std::move(pixels), std::move(bits)});
+  return std::make_shared<const PictureData>(std::make_shared<const Bitmap>(std::move(pixels)), std::move(bits));
 }
 
 }  // namespace sorvex

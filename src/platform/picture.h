@@ -4,7 +4,7 @@
 
 #include <cstdint>
 #include <memory>
-#include <span>
+#include <utility>
 #include <vector>
 
 #include "base/bitmap.h"
@@ -17,22 +17,22 @@ class BitPlane {
   BitPlane() = default;
   explicit BitPlane(Size size)
       : size_(size),
-        wordsPerRow_(static_cast<std::size_t>((size.width + 63) / 64)),
-        words_(wordsPerRow_ * static_cast<std::size_t>(size.height)) {}
+        wordsPerRow_((size.width + 63) / 64),
+        words_(static_cast<std::size_t>(wordsPerRow_ + 2) * static_cast<std::size_t>(size.height)) {}
 
   Size Extent() const { return size_; }
-  void Set(int x, int y) { Word(x / 64, y) |= std::uint64_t{1} << (x % 64); }
-  std::span<const std::uint64_t> Row(int y) const {
-    return {words_.data() + static_cast<std::size_t>(y) * wordsPerRow_, wordsPerRow_};
-  }
+  int WordsPerRow() const { return wordsPerRow_; }
+  void Set(int x, int y) { words_[Offset(y) + static_cast<std::size_t>(x / 64)] |= std::uint64_t{1} << (x % 64); }
+  /// The first word of row `y`. A word of zeros stands before each row and one behind it.
+  const std::uint64_t* Row(int y) const { return words_.data() + Offset(y); }
 
  private:
-  std::uint64_t& Word(int word, int y) {
-    return words_[static_cast<std::size_t>(y) * wordsPerRow_ + static_cast<std::size_t>(word)];
+  std::size_t Offset(int y) const {
+    return static_cast<std::size_t>(y) * static_cast<std::size_t>(wordsPerRow_ + 2) + 1;
   }
 
   Size size_;
-  std::size_t wordsPerRow_ = 0;
+  int wordsPerRow_ = 0;
   std::vector<std::uint64_t> words_;
 };
 
@@ -42,15 +42,27 @@ struct MaskBits {
   BitPlane containerSolid;  ///< set where the mask's red is below 64: a container's opaque pixels
 };
 
-struct PictureData {
-  Bitmap pixels;
-  std::unique_ptr<const MaskBits> mask;  ///< null for a picture that was not loaded as a mask
+class PictureData {
+ public:
+  explicit PictureData(std::shared_ptr<const Bitmap> pixels, std::unique_ptr<const MaskBits> mask = nullptr)
+      : pixels_(std::move(pixels)), mask_(std::move(mask)) {}
+
+  const Bitmap& Pixels() const { return *pixels_; }
+  const std::shared_ptr<const Bitmap>& SharedPixels() const { return pixels_; }
+  /// Null for a picture that was not loaded as a mask.
+  const MaskBits* Mask() const { return mask_.get(); }
+
+ private:
+  std::shared_ptr<const Bitmap> pixels_;
+  std::unique_ptr<const MaskBits> mask_;
 };
 
 /// A picture object. Two pictures of the same content are different objects: identity is the pointer.
 using Picture = std::shared_ptr<const PictureData>;
 
 Picture MakePicture(Bitmap pixels);
+/// Another picture object of the same content; the two share their pixels.
+Picture MakeTwin(const Picture& picture);
 /// A picture whose mask bits are worked out as well.
 Picture MakeMask(Bitmap pixels);
 

@@ -29,9 +29,7 @@ void Image2_Click(Game& game) {
     game.state.ThemeName = shown;  // it is still what is on the field
     return;
   }
-  ComposeFrame(game, game.form.PicCanvas);
-  DrawContainer(game, game.form.PicCanvas);
-  game.desktop.Refresh(game.form.PicCanvas);
+  ShowWaitingFrame(game);
 }
 
 void Form_Load(Desktop& desktop, frmChooseTheme& form) { form.List1.List = FoldersIn(desktop.ProgramFolder()); }

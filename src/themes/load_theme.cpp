@@ -63,6 +63,7 @@ void Show(Game& game, const std::string& name, const Theme& theme) {
   frmMain& form = game.form;
   modVariables& state = game.state;
   SetSounds(game, JoinPath(game.desktop.ProgramFolder(), name));
+  ++state.ThemeLoads;
   static_cast<ItemTable&>(state) = theme.items;
   // The new table may be shorter than the one they pointed into.
   state.CurItem = 0;

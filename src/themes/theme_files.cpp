@@ -138,7 +138,7 @@ Theme ReadTheme(Desktop& desktop, const std::string& folder) {
     theme.pictures.push_back(std::move(pictures));
   }
   theme.background = picture("bg.bmp");
-  theme.background2 = MakePicture(theme.background->pixels);
+  theme.background2 = MakeTwin(theme.background);
   theme.target = ParseTarget(ReadText(folder, kTargetFile));
   theme.targetPicture = picture("pS.bmp");
   theme.targetMask = mask("pM.bmp");

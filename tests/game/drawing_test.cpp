@@ -30,7 +30,7 @@ TEST(Drawing, PixelsAreThoseOfTheTwoRasterOperations) {
     Bitmap expected = dest.Image();
     BitBlt(expected, x, y, picture.OuterSize(), mask.Image(), 0, 0, RasterOperation::MergePaint);
     BitBlt(expected, x, y, picture.OuterSize(), picture.Image(), 0, 0, RasterOperation::SrcAnd);
-    DrawMasked(dest, x, y, picture, mask);
+    DrawMasked(dest.Drawing(), x, y, picture, mask, dest.Image().Bounds());
     ASSERT_EQ(dest.Image(), expected) << "round " << round << " at " << x << ", " << y;
   }
 }
@@ -44,7 +44,7 @@ TEST(Drawing, ALargerMaskWhitensTheFrameStripAndNoMore) {
     PictureBox dest = FixedSurface(Bitmap({30, 30}, 0xFF404040));
     const PictureBox picture = AutoSurface(Bitmap({10, 10}, 0xFF00FF00), c.frame);
     const PictureBox mask = AutoSurface(Bitmap({20, 20}, kBlack), c.frame);
-    DrawMasked(dest, 0, 0, picture, mask);
+    DrawMasked(dest.Drawing(), 0, 0, picture, mask, dest.Image().Bounds());
     EXPECT_EQ(dest.Image().At(9, 9), 0xFF00FF00);
     EXPECT_EQ(dest.Image().At(10 + c.strip - 1, 0), kWhite);
     EXPECT_EQ(dest.Image().At(10 + c.strip, 0), 0xFF404040);
@@ -53,7 +53,7 @@ TEST(Drawing, ALargerMaskWhitensTheFrameStripAndNoMore) {
 
 TEST(Drawing, ACopyReachesAsFarAsBothSurfaces) {
   PictureBox dest = FixedSurface(Bitmap({4, 4}, kBlack));
-  CopySurface(dest, FixedSurface(Bitmap({2, 9}, kWhite)));
+  CopySurface(dest.Drawing(), Bitmap({2, 9}, kWhite), dest.Image().Bounds());
   EXPECT_EQ(dest.Image().At(1, 3), kWhite);
   EXPECT_EQ(dest.Image().At(2, 0), kBlack);
 }

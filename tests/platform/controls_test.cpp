@@ -46,7 +46,7 @@ TEST(Surface, DrawingNeverReachesTheSharedPicture) {
   surface.AutoSize = true;
   surface.SetPicture(shared);
   surface.Drawing().Row(0)[0] = kBlack;
-  EXPECT_EQ(shared->pixels.At(0, 0), kWhite);
+  EXPECT_EQ(shared->Pixels().At(0, 0), kWhite);
   EXPECT_EQ(surface.Image().At(0, 0), kBlack);
   surface.SetPicture(shared);
   EXPECT_EQ(surface.Image().At(0, 0), kWhite);

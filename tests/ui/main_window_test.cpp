@@ -57,7 +57,7 @@ TEST(MainWindow, SurfacesHaveTheirDesignedDrawingArea) {
     EXPECT_EQ(c.surface.Image().Extent(), c.area) << c.surface.Name;
     EXPECT_EQ(c.surface.Background, c.background) << c.surface.Name;
   }
-  EXPECT_EQ(form.PicCanvas.Image().At(5, 9), story.desktop.BuiltInPicture(BuiltIn::Canvas)->pixels.At(5, 9))
+  EXPECT_EQ(form.PicCanvas.Image().At(5, 9), story.desktop.BuiltInPicture(BuiltIn::Canvas)->Pixels().At(5, 9))
       << "the built-in picture shows, cut to the field";
 }
 

@@ -42,7 +42,7 @@ void HeadlessDesktop::Show(Form& form, Form* /*owner*/) {
   while (form.Loaded) DeliverEvents();
 }
 
-void HeadlessDesktop::DeliverEvents() {
+void HeadlessDesktop::DeliverEvents(int /*patience*/) {
   ++Deliveries;
   Now += MillisecondsPerDelivery;
   RunTimers();
@@ -58,7 +58,7 @@ void HeadlessDesktop::RunTimers() {
   for (Form* form : forms) RunDueTimers(*form, Now);
 }
 
-void HeadlessDesktop::Refresh(PictureBox& surface) {
+void HeadlessDesktop::Refresh(PictureBox& surface, std::span<const Rectangle> /*changed*/) {
   ++FramesShown;
   if (KeepFrames) Frames.push_back(surface.Image());
 }

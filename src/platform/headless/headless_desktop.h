@@ -69,8 +69,8 @@ class HeadlessDesktop : public Desktop {
   int Deliveries = 0;
 
   void Show(Form& form, Form* owner) override;
-  void DeliverEvents() override;
-  void Refresh(PictureBox& surface) override;
+  void DeliverEvents(int patience = 0) override;
+  void Refresh(PictureBox& surface, std::span<const Rectangle> changed) override;
   void ShowMessage(const std::string& text, const std::string& title, BoxIcon icon) override;
   std::string InputBox(const std::string& prompt, const std::string& title) override;
 

@@ -72,7 +72,7 @@ class SurfaceWidget final : public PointerArea, public ControlWidget {
     const int frame = FrameWidth(control_.BorderStyle);
     const QRect inner = rect().adjusted(frame, frame, -frame, -frame);
     if (!inner.contains(event->rect())) PaintFrame(painter);
-    PaintImage(painter, inner);
+    for (const QRect& part : event->region()) PaintImage(painter, inner, part & inner);
   }
 
  private:
@@ -111,28 +111,31 @@ class SurfaceWidget final : public PointerArea, public ControlWidget {
     painter.fillRect(r.right(), r.top(), 1, r.height(), lower);
   }
 
-  void PaintImage(QPainter& painter, const QRect& inner) {
+  void PaintImage(QPainter& painter, const QRect& inner, const QRect& part) {
     const Picture& picture = control_.PictureObject();
-    const Bitmap* pixels = control_.AutoRedraw ? &control_.Image() : picture ? &picture->pixels : nullptr;
+    const Bitmap* pixels = control_.AutoRedraw ? &control_.Image() : picture ? &picture->Pixels() : nullptr;
     const bool covers = pixels != nullptr && pixels->Extent() == Size{inner.width(), inner.height()};
-    if (!covers) painter.fillRect(inner, sorvex::ToQt(context_.desktop.ResolveColor(control_.BackColor)));
-    if (pixels == nullptr || pixels->Bounds().Empty()) return;
-    painter.setClipRect(inner, Qt::IntersectClip);
+    if (!covers) painter.fillRect(part, sorvex::ToQt(context_.desktop.ResolveColor(control_.BackColor)));
+    if (pixels == nullptr) return;
     const QImage image = ViewOf(*pixels);
+    const QRect source = part.translated(-inner.topLeft()) & image.rect();
+    if (source.isEmpty()) return;
     if (devicePixelRatioF() == 1.0)
-      painter.drawImage(inner.topLeft(), image);
+      painter.drawImage(source.topLeft() + inner.topLeft(), image, source);
     else
-      PaintScaled(painter, image, inner.topLeft());
+      PaintScaled(painter, image, source, inner.topLeft());
   }
 
   // The toolkit's own scaling may choose a neighbouring pixel; a pointer place must mean what is seen there.
-  void PaintScaled(QPainter& painter, const QImage& image, QPoint corner) {
+  void PaintScaled(QPainter& painter, const QImage& image, const QRect& source, QPoint corner) {
     const double scale = devicePixelRatioF();
     const QPoint origin = mapTo(window(), corner);
     const auto firstOf = [scale](int logical) { return static_cast<int>(std::ceil(logical * scale - 0.5)); };
-    const QPoint first(firstOf(origin.x()), firstOf(origin.y()));
-    const QSize size(firstOf(origin.x() + image.width()) - first.x(), firstOf(origin.y() + image.height()) - first.y());
-    if (scaled_.size() != size) scaled_ = QImage(size, QImage::Format_RGB32);
+    const QRect seen = source.translated(origin);
+    const QPoint first(firstOf(seen.left()), firstOf(seen.top()));
+    const QSize size(firstOf(seen.right() + 1) - first.x(), firstOf(seen.bottom() + 1) - first.y());
+    if (scaled_.width() < size.width() || scaled_.height() < size.height())
+      scaled_ = QImage(size.expandedTo(scaled_.size()), QImage::Format_RGB32);
     columns_.resize(static_cast<std::size_t>(size.width()));
     for (int x = 0; x < size.width(); ++x)
       columns_[static_cast<std::size_t>(x)] = LogicalPixel(first.x() + x, scale) - origin.x();
@@ -147,9 +150,9 @@ class SurfaceWidget final : public PointerArea, public ControlWidget {
         std::ranges::transform(columns_, to, [from](int column) { return from[column]; });
       above = row;
     }
-    painter.setClipping(false);
     painter.setWorldTransform(QTransform::fromScale(1 / scale, 1 / scale));
-    painter.drawImage(first - QPointF(mapTo(window(), QPoint())) * scale, scaled_);
+    painter.drawImage(first - QPointF(mapTo(window(), QPoint())) * scale, scaled_, QRect(QPoint(), size));
+    painter.resetTransform();
   }
 
   PictureBox& control_;

@@ -2,6 +2,7 @@
 // Windows and waits, and the desktop's services.
 #include "platform/qt/qt_desktop.h"
 
+#include <QAbstractEventDispatcher>
 #include <QCursor>
 #include <QDate>
 #include <QDesktopServices>
@@ -10,6 +11,7 @@
 #include <QFile>
 #include <QLocale>
 #include <QProxyStyle>
+#include <QRegion>
 #include <QUrl>
 #include <algorithm>
 #include <chrono>
@@ -76,6 +78,8 @@ QtDesktop::QtDesktop(int& argc, char** argv)
       registry_(DefaultRegistryPath()),
       sessionEnd_(std::make_unique<SessionEnd>(*this)),
       signals_([this] { EndSession(); }) {
+  patience_.setSingleShot(true);
+  patience_.setTimerType(Qt::PreciseTimer);
   // Every queued movement is delivered.
   QCoreApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, false);
   QCoreApplication::setAttribute(Qt::AA_CompressTabletEvents, false);
@@ -120,18 +124,26 @@ void QtDesktop::Show(Form& form, Form* owner) {
   Wait(loop, [shown] { shown->window.Open(); });
 }
 
-void QtDesktop::DeliverEvents() {
-  handlers_.Serve(nullptr, [this] {
+void QtDesktop::DeliverEvents(int patience) {
+  handlers_.Serve(nullptr, [&] {
     Sync();
     for (std::size_t i = 0; i < shown_.size(); ++i) shown_[i]->window.RunTimers();
+    QAbstractEventDispatcher& events = *QAbstractEventDispatcher::instance();
+    if (events.processEvents(QEventLoop::AllEvents) || patience == 0 || handlers_.Leaving()) return;
+    patience_.start(patience);
+    events.processEvents(QEventLoop::WaitForMoreEvents);
+    patience_.stop();
     QCoreApplication::processEvents();
   });
 }
 
-void QtDesktop::Refresh(PictureBox& surface) {
+void QtDesktop::Refresh(PictureBox& surface, std::span<const Rectangle> changed) {
   Sync();
+  QRegion region;
+  const int frame = FrameWidth(surface.BorderStyle);
+  for (const Rectangle& box : changed) region += QRect(box.left + frame, box.top + frame, box.Width(), box.Height());
   for (const auto& shown : shown_)
-    if (QWidget* widget = shown->window.WidgetOf(surface)) widget->repaint();
+    if (QWidget* widget = shown->window.WidgetOf(surface)) widget->repaint(region);
 }
 
 void QtDesktop::ShowMessage(const std::string& text, const std::string& title, BoxIcon icon) {

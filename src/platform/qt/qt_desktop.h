@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QApplication>
+#include <QTimer>
 #include <functional>
 #include <memory>
 #include <string>
@@ -26,8 +27,8 @@ class QtDesktop final : public Desktop {
   ~QtDesktop() override;
 
   void Show(Form& form, Form* owner) override;
-  void DeliverEvents() override;
-  void Refresh(PictureBox& surface) override;
+  void DeliverEvents(int patience) override;
+  void Refresh(PictureBox& surface, std::span<const Rectangle> changed) override;
   void ShowMessage(const std::string& text, const std::string& title, BoxIcon icon) override;
   std::string InputBox(const std::string& prompt, const std::string& title) override;
 
@@ -70,6 +71,7 @@ class QtDesktop final : public Desktop {
   QApplication application_;
   Handlers handlers_;
   std::vector<std::unique_ptr<ShownForm>> shown_;  // innermost last
+  QTimer patience_;  // ends a wait for events
   Sounds sounds_;
   RegistryFile registry_;
   std::unique_ptr<SessionEnd> sessionEnd_;
