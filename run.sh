@@ -2,6 +2,13 @@
 # SPDX-License-Identifier: MIT
 # Installs what is missing, builds the game into build/ and starts it. With --build-only it stops before the start.
 set -eu
+case "${1-}" in
+  "" | --build-only) ;;
+  *)
+    echo "usage: ./run.sh [--build-only]" >&2
+    exit 2
+    ;;
+esac
 cd "$(dirname "$0")"
 . tools/packages.sh
 # shellcheck disable=SC2086  # a list of words

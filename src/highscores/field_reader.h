@@ -10,9 +10,8 @@ namespace sorvex {
 
 /// Reads fields in order, across commas and line ends (CR LF, LF or CR alone):
 /// - blanks and tabs before a field are skipped;
-/// - a field that begins with a double quote is the text up to the next one (or the end of the text); what follows up
-/// to
-///   the next comma or line end is dropped;
+/// - a field that begins with a double quote is the text up to the next one, or to the end of the text; what follows
+///   up to the next comma or line end is dropped;
 /// - any other field is the text up to the next comma or line end, without trailing blanks;
 /// - a blank line, or a comma before a line end, is one empty field.
 class FieldReader {

@@ -9,7 +9,6 @@ namespace sorvex {
 namespace {
 
 constexpr std::int64_t kLongestSide = 32767;
-constexpr std::int64_t kLargestArea = std::int64_t{64} << 20;
 constexpr std::uint32_t kRle8 = 1;
 constexpr std::uint32_t kRle4 = 2;
 
@@ -70,21 +69,22 @@ bool RunsReachTheEnd(std::string_view data, const Header& header) {
 
 }  // namespace
 
-bool HoldsDeclaredBitmap(std::string_view bytes) {
+std::optional<Size> DeclaredSize(std::string_view bytes) {
   Header header;
-  if (!ReadHeader(bytes, header)) return false;
+  if (!ReadHeader(bytes, header)) return std::nullopt;
   const std::int64_t height = std::abs(header.height);
   if (header.width < 1 || header.width > kLongestSide || height < 1 || height > kLongestSide ||
-      header.width * height > kLargestArea || header.bitsPerPixel > 64)
-    return false;
-  if (header.pixelOffset >= bytes.size()) return false;
+      header.bitsPerPixel > 64 || header.pixelOffset >= bytes.size())
+    return std::nullopt;
   const std::string_view data = bytes.substr(header.pixelOffset);
-  if (header.compression == kRle8 || header.compression == kRle4) return RunsReachTheEnd(data, header);
+  const Size size{static_cast<int>(header.width), static_cast<int>(height)};
+  if (header.compression == kRle8 || header.compression == kRle4)
+    return RunsReachTheEnd(data, header) ? std::optional(size) : std::nullopt;
   const std::int64_t rowBits = header.width * header.bitsPerPixel;
   const std::int64_t stride = (rowBits + 31) / 32 * 4;
   // The last row needs no padding.
   const std::int64_t needed = stride * (height - 1) + (rowBits + 7) / 8;
-  return static_cast<std::int64_t>(data.size()) >= needed;
+  return static_cast<std::int64_t>(data.size()) >= needed ? std::optional(size) : std::nullopt;
 }
 
 }  // namespace sorvex

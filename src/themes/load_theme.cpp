@@ -3,6 +3,7 @@
 #include "themes/load_theme.h"
 
 #include <array>
+#include <new>
 #include <optional>
 
 #include "base/files.h"
@@ -11,6 +12,10 @@
 
 namespace sorvex {
 namespace {
+
+void ReportRefusal(Desktop& desktop, const std::string& name, const std::string& reason) {
+  desktop.ShowMessage(name + ": " + reason + "\r\nLoading default theme..", "Theme not loaded", BoxIcon::Exclamation);
+}
 
 // The theme `name`, nullopt after a box has said why there is none.
 std::optional<Theme> ReadOrReport(Desktop& desktop, const std::string& name) {
@@ -24,10 +29,11 @@ std::optional<Theme> ReadOrReport(Desktop& desktop, const std::string& name) {
   try {
     return ReadTheme(desktop, folder);
   } catch (const ThemeError& error) {
-    desktop.ShowMessage(name + ": " + error.what() + "\r\nLoading default theme..", "Theme not loaded",
-                        BoxIcon::Exclamation);
-    return std::nullopt;
+    ReportRefusal(desktop, name, error.what());
+  } catch (const std::bad_alloc&) {
+    ReportRefusal(desktop, name, "there is not enough memory for it");
   }
+  return std::nullopt;
 }
 
 bool DefaultThemeExists(Desktop& desktop) {

@@ -59,20 +59,34 @@ std::string_view TakeLine(std::string_view& text) {
 }
 
 std::string ReadText(const std::string& folder, const std::string& name) {
-  const std::optional<std::string> bytes = ReadFile(FindFile(folder, name), kLongestText);
-  if (!bytes) throw ThemeError(name + ": cannot be read as a text file of a theme");
+  const std::optional<std::string> bytes = ReadFile(FindFile(folder, name), kLongestText + 1);
+  if (!bytes || bytes->size() > kLongestText) throw ThemeError(name + ": cannot be read as a text file of a theme");
   return DecodeText(*bytes);
 }
 
-Bitmap ReadBitmap(Desktop& desktop, const std::string& folder, const std::string& name) {
-  const std::string path = FindFile(folder, name);
-  if (!ModFileExist::FileExists(path)) throw ThemeError(name + ": file not found");
-  const std::optional<std::string> bytes = ReadFile(path, kLargestBitmap);
-  std::optional<Bitmap> bitmap;
-  if (bytes && HoldsDeclaredBitmap(*bytes)) bitmap = desktop.DecodeBitmap(*bytes);
-  if (!bitmap) throw ThemeError(name + ": not a bitmap that can be read");
-  return *std::move(bitmap);
-}
+// Reads the bitmaps of one theme, as long as they fit into memory together.
+class BitmapReader {
+ public:
+  BitmapReader(Desktop& desktop, std::string folder) : desktop_(desktop), folder_(std::move(folder)) {}
+
+  Bitmap Read(const std::string& name) {
+    const std::string path = FindFile(folder_, name);
+    if (!ModFileExist::FileExists(path)) throw ThemeError(name + ": not found, or not a file that can be opened");
+    const std::optional<std::string> bytes = ReadFile(path, kLargestBitmap);
+    const std::optional<Size> size = bytes ? DeclaredSize(*bytes) : std::nullopt;
+    if (!size) throw ThemeError(name + ": not a bitmap that can be read");
+    pixelsLeft_ -= std::int64_t{size->width} * size->height;
+    if (pixelsLeft_ < 0) throw ThemeError(name + ": the pictures of a theme may have 32 million pixels in all");
+    std::optional<Bitmap> bitmap = desktop_.DecodeBitmap(*bytes);
+    if (!bitmap) throw ThemeError(name + ": not a bitmap that can be read");
+    return *std::move(bitmap);
+  }
+
+ private:
+  Desktop& desktop_;
+  std::string folder_;
+  std::int64_t pixelsLeft_ = 32'000'000;
+};
 
 }  // namespace
 
@@ -126,8 +140,9 @@ bool IsComplete(const std::string& folder) {
 Theme ReadTheme(Desktop& desktop, const std::string& folder) {
   Theme theme;
   theme.items = ParseItems(ReadText(folder, kItemsFile));
-  const auto picture = [&](const std::string& name) { return MakePicture(ReadBitmap(desktop, folder, name)); };
-  const auto mask = [&](const std::string& name) { return MakeMask(ReadBitmap(desktop, folder, name)); };
+  BitmapReader bitmaps(desktop, folder);
+  const auto picture = [&](const std::string& name) { return MakePicture(bitmaps.Read(name)); };
+  const auto mask = [&](const std::string& name) { return MakeMask(bitmaps.Read(name)); };
   for (Long n = 0; n <= theme.items.LastItem; ++n) {
     const std::string file = std::to_string(n) + ".bmp";
     ItemPictures pictures;

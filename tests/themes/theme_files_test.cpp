@@ -115,9 +115,9 @@ TEST(BitmapCheck, RefusesSizesThatTheFileCannotHold) {
     return changed.replace(at, bytes.size(), bytes);
   };
   using namespace std::string_literals;
-  EXPECT_TRUE(HoldsDeclaredBitmap(good));
-  EXPECT_TRUE(HoldsDeclaredBitmap(with(22, "\xFB\xFF\xFF\xFF"))) << "rows from the top";
-  EXPECT_TRUE(HoldsDeclaredBitmap(good.substr(0, good.size() - 3))) << "the last row's padding may be missing";
+  EXPECT_TRUE(DeclaredSize(good));
+  EXPECT_TRUE(DeclaredSize(with(22, "\xFB\xFF\xFF\xFF"))) << "rows from the top";
+  EXPECT_TRUE(DeclaredSize(good.substr(0, good.size() - 3))) << "the last row's padding may be missing";
   const struct {
     const char* what;
     std::string bytes;
@@ -135,7 +135,7 @@ TEST(BitmapCheck, RefusesSizesThatTheFileCannotHold) {
       {"a header longer than the file", with(14, "\xFF\xFF\xFF\x7F")},
       {"runs without an end", with(30, "\x01\0\0\0"s).substr(0, 60)},
   };
-  for (const auto& c : cases) EXPECT_FALSE(HoldsDeclaredBitmap(c.bytes)) << c.what;
+  for (const auto& c : cases) EXPECT_FALSE(DeclaredSize(c.bytes)) << c.what;
 }
 
 TEST(BitmapCheck, FollowsRunsToTheirEnd) {
@@ -159,15 +159,15 @@ TEST(BitmapCheck, FollowsRunsToTheirEnd) {
     std::string file = BmpBytes(Bitmap({3, 2})).substr(0, 54);
     file[28] = c.compression == 1 ? 8 : 4;
     file[30] = c.compression;
-    EXPECT_EQ(HoldsDeclaredBitmap(file + c.data), c.whole) << testing::PrintToString(c.data);
+    EXPECT_EQ(DeclaredSize(file + c.data).has_value(), c.whole) << testing::PrintToString(c.data);
   }
 }
 
 TEST(BitmapCheck, KnowsTheShortHeader) {
   using namespace std::string_literals;
   const std::string core = "BM\0\0\0\0\0\0\0\0\x1A\0\0\0\x0C\0\0\0\x03\0\x02\0\x01\0\x18\0"s;
-  EXPECT_TRUE(HoldsDeclaredBitmap(core + std::string(24, 'x')));
-  EXPECT_FALSE(HoldsDeclaredBitmap(core + std::string(20, 'x')));
+  EXPECT_TRUE(DeclaredSize(core + std::string(24, 'x')));
+  EXPECT_FALSE(DeclaredSize(core + std::string(20, 'x')));
 }
 
 // A reader like those of some systems, which take a file's word for its size.

@@ -139,8 +139,11 @@ TEST(WindowGame, ATouchSendsTheItemBackAndEndsTheDrag) {
   const std::vector<Placed> atRest{sitting.Rest(0), sitting.Rest(1), sitting.Rest(2)};
   sitting.StartGame();
   sitting.Grab(35, 70);
+  sitting.Hover(35, 50);
+  sitting.AwaitField("while dragging", {{0, 25, 43}, atRest[1], atRest[2]}, sitting.Cup(0));
   const auto touched = std::chrono::steady_clock::now();
-  sitting.Hover(55, 70);
+  sitting.Hover(55, 50);
+  sitting.AwaitField("after a touch", atRest, sitting.Cup(0));
   sitting.AwaitHover("with the button still held", atRest, 1);
   EXPECT_GE(std::chrono::steady_clock::now() - touched, 500ms);
   sitting.player->Release();

@@ -84,7 +84,10 @@ Player::WindowId Sitting::Await(const std::string& title) {
         found = player->Find(title);
         return found != 0 && player->HasFocus(found);
       },
-      [&] { return "no window [" + title + "] that takes keys, but" + Joined(player->Titles()); });
+      [&] {
+        return "no window [" + title + "] that takes keys, but" + Joined(player->Titles()) + ", the program " +
+               (program->Runs() ? "runs" : "has ended");
+      });
   return found;
 }
 

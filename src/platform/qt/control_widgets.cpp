@@ -2,6 +2,7 @@
 // Surfaces, buttons, labels, images, lists, lines and shapes as widgets.
 #include "platform/qt/control_widgets.h"
 
+#include <QApplication>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QListWidget>
@@ -51,6 +52,12 @@ void AllowFocus(QWidget& widget, const Control& control) {
   widget.setFocusPolicy(control.TabIndex >= 0 ? Qt::StrongFocus : Qt::NoFocus);
 }
 
+// False while a modal box or form is in front: assistive technology presses without asking.
+bool TakesInput(const QWidget& widget) {
+  const QWidget* modal = QApplication::activeModalWidget();
+  return modal == nullptr || modal == widget.window();
+}
+
 class SurfaceWidget final : public PointerArea, public ControlWidget {
  public:
   SurfaceWidget(PictureBox& surface, FormContext& context, QWidget* parent)
@@ -71,7 +78,7 @@ class SurfaceWidget final : public PointerArea, public ControlWidget {
     QPainter painter(this);
     const int frame = FrameWidth(control_.BorderStyle);
     const QRect inner = rect().adjusted(frame, frame, -frame, -frame);
-    if (!inner.contains(event->rect())) PaintFrame(painter);
+    if (!inner.contains(event->rect())) PaintFrame(painter, inner);
     for (const QRect& part : event->region()) PaintImage(painter, inner, part & inner);
   }
 
@@ -96,7 +103,9 @@ class SurfaceWidget final : public PointerArea, public ControlWidget {
     context_.handlers.Run(control_.Paint);
   }
 
-  void PaintFrame(QPainter& painter) const {
+  void PaintFrame(QPainter& painter, const QRect& inner) const {
+    // Between a scaled frame and its image a row of device pixels may belong to neither.
+    painter.fillRect(inner.adjusted(0, 0, 1, 1) & rect(), QColor(223, 223, 223));
     if (control_.BorderStyle == Frame::Flat) PaintEdge(painter, rect(), Qt::black, Qt::black);
     if (control_.BorderStyle != Frame::Sunken) return;
     PaintEdge(painter, rect(), QColor(128, 128, 128), QColor(255, 255, 255));
@@ -138,10 +147,11 @@ class SurfaceWidget final : public PointerArea, public ControlWidget {
       scaled_ = QImage(size.expandedTo(scaled_.size()), QImage::Format_RGB32);
     columns_.resize(static_cast<std::size_t>(size.width()));
     for (int x = 0; x < size.width(); ++x)
-      columns_[static_cast<std::size_t>(x)] = LogicalPixel(first.x() + x, scale) - origin.x();
+      columns_[static_cast<std::size_t>(x)] =
+          std::clamp(LogicalPixel(first.x() + x, scale) - origin.x(), 0, image.width() - 1);
     int above = -1;
     for (int y = 0; y < size.height(); ++y) {
-      const int row = LogicalPixel(first.y() + y, scale) - origin.y();
+      const int row = std::clamp(LogicalPixel(first.y() + y, scale) - origin.y(), 0, image.height() - 1);
       auto* to = reinterpret_cast<Pixel*>(scaled_.scanLine(y));
       const auto* from = reinterpret_cast<const Pixel*>(image.constScanLine(row));
       if (row == above)
@@ -170,7 +180,9 @@ class ButtonWidget final : public QPushButton, public ControlWidget {
     setCursor(Qt::ArrowCursor);
     setAttribute(Qt::WA_NoMousePropagation);
     AllowFocus(*this, button);
-    connect(this, &QPushButton::clicked, this, [&] { context.handlers.Run(button.Click); });
+    connect(this, &QPushButton::clicked, this, [&] {
+      if (TakesInput(*this)) context.handlers.Run(button.Click);
+    });
   }
 
   QWidget& Widget() override { return *this; }
@@ -294,6 +306,7 @@ class ImageWidget final : public Drawn<QWidget> {
   }
 
   void Click() override {
+    if (!TakesInput(*this)) return;
     const float x = control_.Width / 2;
     const float y = control_.Height / 2;
     context_.handlers.Run([&] {
@@ -303,7 +316,9 @@ class ImageWidget final : public Drawn<QWidget> {
     });
   }
 
-  void Do(const Command& command) override { context_.handlers.Run(command.Action); }
+  void Do(const Command& command) override {
+    if (TakesInput(*this)) context_.handlers.Run(command.Action);
+  }
 
  protected:
   void paintEvent(QPaintEvent* /*event*/) override {

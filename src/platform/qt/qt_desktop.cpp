@@ -15,6 +15,7 @@
 #include <QUrl>
 #include <algorithm>
 #include <chrono>
+#include <filesystem>
 #include <utility>
 
 #include "platform/posix/write_whole_file.h"
@@ -190,8 +191,9 @@ QWidget* QtDesktop::ActiveWindow() const { return shown_.empty() ? nullptr : &sh
 
 std::optional<Bitmap> QtDesktop::DecodeBitmap(std::string_view bytes) {
   const QImage image = QImage::fromData(QByteArrayView(bytes.data(), static_cast<qsizetype>(bytes.size())), "BMP");
-  if (image.isNull()) return std::nullopt;
-  return CopyOf(image);
+  Bitmap pixels = CopyOf(image);
+  if (pixels.Bounds().Empty()) return std::nullopt;
+  return pixels;
 }
 
 Picture QtDesktop::BuiltInPicture(BuiltIn which) { return MakePicture(CopyOf(BuiltInImage(which, QSize()))); }
@@ -229,6 +231,10 @@ std::string QtDesktop::ShortDate() {
 }
 
 std::string QtDesktop::ProgramFolder() {
+  // Not from the toolkit, which loses a path that is no valid UTF-8.
+  std::error_code unknown;
+  const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", unknown);
+  if (!unknown) return program.parent_path().string();
   return QFile::encodeName(QCoreApplication::applicationDirPath()).toStdString();
 }
 
