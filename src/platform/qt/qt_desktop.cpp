@@ -15,6 +15,7 @@
 #include <QUrl>
 #include <algorithm>
 #include <chrono>
+#include <cmath>
 #include <filesystem>
 #include <utility>
 
@@ -140,11 +141,18 @@ void QtDesktop::DeliverEvents(int patience) {
 
 void QtDesktop::Refresh(PictureBox& surface, std::span<const Rectangle> changed) {
   Sync();
-  QRegion region;
-  const int frame = FrameWidth(surface.BorderStyle);
-  for (const Rectangle& box : changed) region += QRect(box.left + frame, box.top + frame, box.Width(), box.Height());
-  for (const auto& shown : shown_)
-    if (QWidget* widget = shown->window.WidgetOf(surface)) widget->repaint(region);
+  for (const auto& shown : shown_) {
+    QWidget* widget = shown->window.WidgetOf(surface);
+    if (widget == nullptr) continue;
+    // At a broken scale the toolkit leaves out device pixels at a region's edges that show a pixel inside it.
+    const double scale = widget->devicePixelRatioF();
+    const int margin = scale == std::floor(scale) ? 0 : 1;
+    const int corner = FrameWidth(surface.BorderStyle) - margin;
+    QRegion region;
+    for (const Rectangle& box : changed)
+      region += QRect(box.left + corner, box.top + corner, box.Width() + 2 * margin, box.Height() + 2 * margin);
+    widget->repaint(region);
+  }
 }
 
 void QtDesktop::ShowMessage(const std::string& text, const std::string& title, BoxIcon icon) {
