@@ -38,18 +38,18 @@ TEST_P(WindowAtScale, APressMeansThePixelSeenThere) {
   ASSERT_EQ(opaque.size(), static_cast<std::size_t>(row.right - opaque.front()));
 
   const std::vector<Placed> atRest{rest, sitting.Rest(1)};
-  const auto dragToTarget = [&](int column) {
+  const auto press = [&](int column) {
     sitting.AwaitHover("before a press", atRest, 1);
     sitting.AwaitHover("before a press", atRest, 0);
     sitting.player->Move(column, row.top);
     sitting.player->Press();
     sitting.player->Move(column, row.top + 1);
-    sitting.Hover(275, 195);
   };
   for (const int column : {opaque.front() - 1, opaque.back() + 1}) {
     // An item that had followed would be put in, or be sent back with half a second's lock-out.
     EXPECT_TRUE(WaitUntil([&] {
-      dragToTarget(column);
+      press(column);
+      sitting.Hover(275, 195);
       const auto letGo = std::chrono::steady_clock::now();
       sitting.player->Release();
       sitting.AwaitHover("after a press beside the item", atRest, 1);
@@ -57,7 +57,12 @@ TEST_P(WindowAtScale, APressMeansThePixelSeenThere) {
     })) << column;
   }
   for (const int column : opaque) {
-    dragToTarget(column);
+    press(column);
+    for (int x = 180; x < 184; ++x) {
+      sitting.Hover(x, x);
+      sitting.AwaitField("while dragging", {{0, x - 13, x - 7}, sitting.Rest(1)}, sitting.Cup(0));
+    }
+    sitting.Hover(275, 195);
     sitting.AwaitField("after a press on the item", {sitting.Rest(1)}, std::nullopt);
     sitting.player->Release();
     sitting.StartGame();
