@@ -127,6 +127,33 @@ TEST_F(WindowAccessibility, EverythingIsReadAndPressed) {
   reader.AwaitObject("label", "Ann");
 }
 
+TEST_F(WindowAccessibility, DialogsAreRead) {
+  WriteFile(sitting.ThemeFile("ThemeDetails.ini"), "\"Glass, brass\",2026\r\n");
+  fs::create_directory(sitting.folder.Path() / "program" / "Empty one");
+  sitting.Open();
+  sitting.MoveTo(175, 271);
+  sitting.player->Press(3);
+  sitting.player->Release(3);
+  reader.AwaitObject("alert", "Theme Details");
+  reader.AwaitObject("label", "Description:\n\tGlass, brass\nDate:\n\t2026\n");
+  sitting.Answer("Theme Details");
+  sitting.Click(175, 271);
+  for (const char* text : {"Sorvex", "1.00.0000", "A game to test how accurate you are with the mouse"})
+    reader.AwaitObject("label", text);
+  sitting.player->UseCloseBox(sitting.Await("About"));
+  sitting.Await("Sorvex - Theme1");
+  sitting.Click(316, 276);
+  sitting.Await("Choose a theme");
+  for (const char* folder : {"Theme1", "Empty one"}) reader.AwaitObject("list item", folder);
+  sitting.player->Type("e");
+  sitting.player->Tap("Return");
+  reader.AwaitObject("alert", "File(s) missing");
+  reader.AwaitObject("label",
+                     "There is an important file missing. Can not load theme Empty one\nLoading default theme..");
+  sitting.Answer("File(s) missing");
+  sitting.AwaitField("of the default theme", {sitting.Rest(0)}, sitting.Cup(0));
+}
+
 TEST_F(WindowAccessibility, BoxesSayWhatIsWrongWithATheme) {
   const struct {
     std::function<void(const fs::path&)> spoil;

@@ -27,6 +27,14 @@ void PlayToTheEnd(Sitting& sitting) {
   sitting.Await("Sorvex");
 }
 
+// Opens one of the dialogs during a game.
+void OpenInAGame(Sitting& sitting, const char* key, const char* title) {
+  sitting.Open();
+  sitting.StartGame();
+  sitting.player->Tap(key);
+  sitting.Await(title);
+}
+
 // While a box is open neither the close box nor a button of the window behind does anything.
 void ExpectNoInput(Sitting& sitting) {
   if (sitting.window == 0) return;
@@ -76,6 +84,9 @@ constexpr Moment kMoments[] = {
        sitting.player->Type("Half");
      },
      true},
+    {"inTheAboutBox", [](Sitting& sitting) { OpenInAGame(sitting, "F1", "About"); }, true},
+    {"atTheDetailsBox", [](Sitting& sitting) { OpenInAGame(sitting, "F2", "Theme Details"); }, true},
+    {"inTheChooser", [](Sitting& sitting) { OpenInAGame(sitting, "F3", "Choose a theme"); }, true},
 };
 
 class WindowEnd : public testing::TestWithParam<Moment> {};

@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: MIT
+// The chooser and the about box, by mouse and by key.
+#include <gtest/gtest.h>
+
+#include "window/sitting.h"
+
+namespace sorvex {
+namespace {
+
+using namespace std::chrono_literals;
+
+TEST(WindowChooser, ShowsTheChosenThemeAtOnceAndCancelEndsAGame) {
+  Sitting sitting(CupTheme(1));
+  TestTheme other = CupTheme(2, "Other");
+  other.field = {200, 150};
+  other.targetX = 150;
+  other.targetY = 100;
+  WriteTheme(sitting.folder.Path() / "program", other);
+  sitting.Open();
+  sitting.Click(316, 276);
+  sitting.Await("Choose a theme");
+  sitting.player->Type("o");  // the list has the focus: a letter selects
+  sitting.player->Tap("Return");
+  sitting.Await("Sorvex - Other");
+  const FieldPainter painter(sitting.folder.Path() / "program/Other", other.targetX, other.targetY);
+  const TestItem& first = other.items[0];
+  const Bitmap waiting = painter.Paint({{0, first.x, first.y}, {1, other.items[1].x, other.items[1].y}},
+                                       Placed{0, first.contX, first.contY});
+  EXPECT_TRUE(WaitUntil([&] { return sitting.Look(Rectangle::At(10, 10, other.field)) == waiting; }));
+
+  sitting.player->Tap("F3");
+  sitting.Await("Choose a theme");
+  sitting.player->Type("t");
+  sitting.player->Tap("Return");
+  sitting.Await("Sorvex - Theme1");
+  sitting.AwaitField("before Start", {sitting.Rest(0)}, sitting.Cup(0));
+  sitting.StartGame();
+  sitting.player->Tap("F3");
+  sitting.Await("Choose a theme");
+  sitting.player->Tap("Escape");
+  EXPECT_TRUE(WaitUntil([&] { return sitting.player->Find("Choose a theme") == 0; }));
+  sitting.AwaitField("after Cancel", {sitting.Rest(0)}, sitting.Cup(0));
+  const Rectangle field = Rectangle::At(10, 10, sitting.theme.field);
+  const Bitmap still = sitting.Look(field);
+  sitting.Hover(35, 70);
+  sitting.player->Press();
+  sitting.Hover(37, 60);
+  EXPECT_FALSE(WaitUntil([&] { return sitting.Look(field) != still; }, 500ms)) << "the game had ended";
+}
+
+TEST(WindowAbout, TheLogoFollowsTheControlledPointerAndIsBackSoonAfterTheRelease) {
+  Sitting sitting(CupTheme(1));
+  sitting.Open();
+  sitting.Click(175, 271);
+  const Rectangle box = sitting.player->ClientArea(sitting.Await("About"));
+  EXPECT_EQ(box.Width(), 312);
+  EXPECT_EQ(box.Height(), 213);
+  constexpr Pixel yellow = 0xFFFFFF00;
+  const auto logoAtHome = [&] {
+    return sitting.player->Look(Rectangle::At(box.left + 40, box.top + 50, {1, 1})).At(0, 0) != yellow;
+  };
+  EXPECT_TRUE(WaitUntil(logoAtHome));
+  const auto drag = [&](bool withCtrl) {
+    sitting.player->Move(box.left + 50, box.top + 50);
+    if (withCtrl) sitting.player->Key("Control_L", true);
+    sitting.player->Press();
+    sitting.player->Move(box.left + 500, box.top + 100);  // outside the window
+  };
+  drag(false);
+  EXPECT_FALSE(WaitUntil([&] { return !logoAtHome(); }, 400ms));
+  sitting.player->Release();
+  drag(true);
+  EXPECT_TRUE(WaitUntil([&] { return !logoAtHome(); }));
+  sitting.player->Release();
+  sitting.player->Key("Control_L", false);
+  EXPECT_TRUE(WaitUntil(logoAtHome, 1000ms)) << "200 ms, and what a busy machine adds";
+}
+
+}  // namespace
+}  // namespace sorvex
