@@ -2,7 +2,6 @@
 // Finding and reading the files of themes.
 #include "base/files.h"
 
-#include <algorithm>
 #include <filesystem>
 #include <fstream>
 
@@ -62,8 +61,8 @@ std::optional<std::string> ReadFile(const std::string& path, std::uintmax_t limi
   std::ifstream file = OpenPlainFile(path);
   std::error_code error;
   const std::uintmax_t size = fs::file_size(ToPath(path), error);
-  if (!file.is_open() || error) return std::nullopt;
-  std::string bytes(static_cast<std::size_t>(std::min(size, limit)), '\0');
+  if (!file.is_open() || error || size > limit) return std::nullopt;
+  std::string bytes(static_cast<std::size_t>(size), '\0');
   file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
   if (file.bad()) return std::nullopt;
   bytes.resize(static_cast<std::size_t>(file.gcount()));

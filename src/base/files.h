@@ -21,7 +21,7 @@ std::string FindFile(std::string_view folder, std::string_view name);
 /// system's order; empty when it cannot be read.
 std::vector<std::string> FoldersIn(std::string_view folder);
 
-/// The file's bytes, at most the first `limit`; nullopt when it cannot be opened or read.
+/// The whole file, nullopt when it cannot be opened or read or is longer than `limit` bytes.
 std::optional<std::string> ReadFile(const std::string& path, std::uintmax_t limit);
 
 }  // namespace sorvex

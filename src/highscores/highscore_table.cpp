@@ -12,7 +12,7 @@
 namespace sorvex {
 namespace {
 
-constexpr std::uintmax_t kLongestFile = 1 << 20;
+constexpr std::uintmax_t kLongestFile = 1 << 26;
 
 const HighScore& DefaultRow() {
   static const HighScore row{"Nobody", "00/00/00", "100"};

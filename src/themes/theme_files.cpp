@@ -59,8 +59,8 @@ std::string_view TakeLine(std::string_view& text) {
 }
 
 std::string ReadText(const std::string& folder, const std::string& name) {
-  const std::optional<std::string> bytes = ReadFile(FindFile(folder, name), kLongestText + 1);
-  if (!bytes || bytes->size() > kLongestText) throw ThemeError(name + ": cannot be read as a text file of a theme");
+  const std::optional<std::string> bytes = ReadFile(FindFile(folder, name), kLongestText);
+  if (!bytes) throw ThemeError(name + ": cannot be read as a text file of a theme");
   return DecodeText(*bytes);
 }
 
