@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 
 #include "game/return_item.h"
-#include "support/field_painter.h"
 #include "support/story.h"
 
 namespace sorvex {
@@ -13,26 +12,17 @@ namespace {
 
 using Names = std::vector<std::string>;
 
-TEST(Elapsed, HundredthsRoundHalfUp) {
+TEST(Elapsed, RoundsHundredthsHalfUp) {
   const struct {
     Long start, now;
     double seconds;
-  } cases[] = {{0, 0, 0},
-               {0, 4, 0},
-               {0, 5, .01},
-               {0, 1005, 1.01},
-               {0, 1004, 1},
-               {0, 12000, 12},
-               {0, 12346, 12.35},
-               {100, 12445, 12.35},
-               {0, 12300, 12.3},
-               {-2000, 13, 2.01},
-               {0, 2147483647, 2147483.65}};
+  } cases[] = {{0, 4, 0},      {0, 5, .01},         {0, 1005, 1.01},   {0, 1004, 1},
+               {0, 12000, 12}, {100, 12445, 12.35}, {-2000, 13, 2.01}, {0, 2147483647, 2147483.65}};
   for (const auto& c : cases) EXPECT_EQ(ElapsedSeconds(c.start, c.now), c.seconds) << c.start << " to " << c.now;
   EXPECT_THROW(ElapsedSeconds(-2147483647, 2147483647), RuntimeError);
 }
 
-TEST(Frame, ShowsTheTimeWithoutTrailingZeros) {
+TEST(AFrame, ShowsTheTimeWithoutTrailingZeros) {
   Story story;
   Names shown;
   story.Start();
@@ -42,34 +32,37 @@ TEST(Frame, ShowsTheTimeWithoutTrailingZeros) {
   EXPECT_EQ(shown, (Names{"0", "0.01", "0.3", "12", "12"}));
 }
 
-TEST(Frame, ContactSendsTheItemBackAndThenSounds) {
-  Story story;
+TEST(AFrame, TestsContactBeforePlacementAndSoundsAfterTheSlide) {
+  TestTheme theme = CupTheme(2);
+  theme.targetX = 40;  // the target lies across the cup's right wall
+  theme.targetY = 20;
+  Story story({theme});
   int frames = 0;
-  story.Start().Hover(30, 30).Grab(32, 70).Drag(60, 70).Then([&] {
+  story.Start().Move(30, 30).Grab(32, 70).Move(57, 40).Then([&] {
     EXPECT_EQ(story.state.ItemX(0), 25);
     EXPECT_FALSE(story.form.MouseHeld || story.form.Dragging);
     frames = story.desktop.FramesShown;
   });
   story.Release();
-  story.Run();
+  EXPECT_EQ(story.Run(), Story::End::ScriptEnded);
+  EXPECT_TRUE(story.state.ItemInPlay(0)) << "back at rest when the placement is tested";
   EXPECT_EQ(story.Sounds(), (Names{"Pickup", "HitTube"})) << "once, and the release lets nothing go";
-  EXPECT_EQ(story.desktop.Waves[1].afterFrames, frames) << "after the slide";
+  EXPECT_EQ(story.desktop.Waves[1].afterFrames, frames);
 }
 
-TEST(Frame, TestsTheItemsOwnContainerAndDrawsAndTakesOutTheCurrentOne) {
+TEST(AFrame, TestsTheItemsOwnContainerAndDrawsAndTakesOutTheCurrentOne) {
   TestTheme theme = CupTheme(3);
   theme.items[0].contSize.width = 26;
   Story story({theme});
-  const FieldPainter painter(story.ThemeFile("bg.bmp").parent_path(), theme.targetX, theme.targetY);
   // Item 1 is picked up while container 0 is current: it touches its own container only.
-  story.Start().Hover(30, 30).Grab(92, 70).Drag(94, 5).Drag(22, 30).Then([&] {
+  story.Start().Move(30, 30).Grab(92, 70).Move(94, 5).Move(22, 30).Then([&] {
     EXPECT_EQ(story.state.CurItem, 1);
     EXPECT_EQ(story.state.CurCont, 0);
     EXPECT_EQ(story.state.ItemX(1), 15) << "over container 0's wall without a contact";
-    EXPECT_EQ(story.Field(), painter.Paint({{0, 25, 63}, {1, 15, 23}, {2, 145, 63}}, Placed{0, 20, 20}));
+    EXPECT_EQ(story.Field(), story.Painted({{0, 25, 63}, {1, 15, 23}, {2, 145, 63}}, Placed{0, 20, 20}));
   });
-  story.Drag(117, 40).Then([&] { EXPECT_EQ(story.state.ItemX(1), 85) << "sent back by its own container's wall"; });
-  story.Wait(500).Grab(92, 70).Drag(270, 195).Frames(1).Then([&] {
+  story.Move(117, 40).Then([&] { EXPECT_EQ(story.state.ItemX(1), 85) << "sent back by its own container's wall"; });
+  story.Wait(500).Grab(92, 70).Move(270, 195).Frames(1).Then([&] {
     EXPECT_FALSE(story.state.ItemInPlay(1));
     EXPECT_TRUE(story.state.ContInPlay(1));
     EXPECT_FALSE(story.state.ContInPlay(0));
@@ -77,10 +70,9 @@ TEST(Frame, TestsTheItemsOwnContainerAndDrawsAndTakesOutTheCurrentOne) {
   EXPECT_EQ(story.Run(), Story::End::ScriptEnded);
 }
 
-TEST(Frame, MeasuresPicturesAndMasksEachForItsOwnUse) {
-  TestTheme theme = CupTheme(2);
-  Story story({theme});
-  story.Start().Hover(30, 30).Then([&] {
+TEST(AFrame, MeasuresPicturesAndMasksEachForItsOwnUse) {
+  Story story({CupTheme(2)});
+  story.Start().Move(30, 30).Then([&] {
     // As in a theme whose masks are larger than their pictures (14 x 12 and 40 x 30).
     story.form.PicMask(0).SetPicture(MakeMask(Bitmap({34, 32}, kWhite)));
     story.form.PicPlainMask(0).SetPicture(MakeMask(Bitmap({60, 50}, kWhite)));
@@ -97,49 +89,27 @@ TEST(Frame, MeasuresPicturesAndMasksEachForItsOwnUse) {
   EXPECT_EQ(story.Run(), Story::End::ScriptEnded);
 }
 
-TEST(Frame, AnItemPutInKeepsClearingTheFlagsInSilence) {
-  const TestTheme theme = CupTheme(2);
-  Story story({theme});
-  story.Start().PutIn(theme, 0);
+TEST(AFrame, TestsAnItemPutInOnAndOn) {
+  Story story({CupTheme(2)});
+  story.Start().PutIn(0);
   // Pressed on nothing: the current item is still the one on the target.
-  for (int i = 0; i < 3; ++i) story.Press(300, 10).Then([&] { EXPECT_FALSE(story.form.MouseHeld); }).Release();
+  for (int i = 0; i < 2; ++i) story.Press(300, 10).Then([&] { EXPECT_FALSE(story.form.MouseHeld); }).Release();
+  story.Then([&] {
+    story.state.ItemX(0) = 18;
+    story.state.ItemY(0) = 30;
+  });
+  story.Frames(2);
   EXPECT_EQ(story.Run(), Story::End::ScriptEnded);
-  EXPECT_EQ(story.Sounds(), (Names{"Pickup", "PutInCont"}));
+  EXPECT_EQ(story.state.ItemX(0), 18) << "its contacts move nothing";
+  EXPECT_EQ(story.Sounds(), (Names{"Pickup", "PutInCont", "HitTube", "HitTube", "HitTube"})) << "and sound every frame";
 }
 
-TEST(Frame, ContactComesBeforePlacement) {
-  TestTheme theme = CupTheme(2);
-  theme.targetX = 40;  // the target lies across the cup's right wall
-  theme.targetY = 20;
-  theme.target = {40, 30};
-  Story story({theme});
-  story.Start().Hover(30, 30).Grab(32, 70).Drag(57, 40).Frames(1);
-  EXPECT_EQ(story.Run(), Story::End::ScriptEnded);
-  EXPECT_TRUE(story.state.ItemInPlay(0)) << "back at rest when the placement is tested";
-  EXPECT_EQ(story.Sounds(), (Names{"Pickup", "HitTube"}));
-}
-
-TEST(Frame, ContactsOfAnItemPutInSoundAndMoveNothing) {
-  const TestTheme theme = CupTheme(2);
-  Story story({theme});
-  story.Start()
-      .PutIn(theme, 0)
-      .Then([&] {
-        story.state.ItemX(0) = 18;
-        story.state.ItemY(0) = 30;
-      })
-      .Frames(2);
-  EXPECT_EQ(story.Run(), Story::End::ScriptEnded);
-  EXPECT_EQ(story.state.ItemX(0), 18);
-  EXPECT_EQ(story.Sounds(), (Names{"Pickup", "PutInCont", "HitTube", "HitTube", "HitTube"})) << "tested every frame";
-}
-
-TEST(Frame, WithALargerItemTestsAtTheSizeBeforeFirst) {
+TEST(AFrame, WithALargerItemTestsAtTheSizeBeforeFirst) {
   TestTheme theme = CupTheme(2);
   theme.items[1].size = {30, 30};
   theme.items[1].y = 20 + 60 - 30;  // its lower edge lies in the cup's floor, more than 12 rows down
   Story story({theme});
-  story.Start().Hover(90, 30).Then([&] { EXPECT_TRUE(story.Sounds().empty()); });
+  story.Start().Move(90, 30).Then([&] { EXPECT_TRUE(story.Sounds().empty()); });
   story.Then([&] { EXPECT_EQ(story.Sounds(), Names{"HitTube"}); });
   EXPECT_EQ(story.Run(), Story::End::ScriptEnded);
 }

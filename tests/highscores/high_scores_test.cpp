@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
-// The table, its file, the place of a new time, the panel.
+// The fields of a text file, the table and its file, the place of a new time, the panel.
 #include <gtest/gtest.h>
 
+#include "highscores/field_reader.h"
 #include "highscores/highscore_table.h"
 #include "highscores/record_high_score.h"
 #include "support/story.h"
@@ -12,72 +13,95 @@ namespace {
 using Box = HeadlessDesktop::Box;
 using Names = std::vector<std::string>;
 
-const Box kNotFound{"Highscore file not found", "File not found", BoxIcon::Exclamation};
 constexpr char kDefault[] = "Nobody|00/00/00|100";
 
-TestTheme ThemeWithScores(const std::string& file) {
-  TestTheme theme = CupTheme(1);
-  theme.highScores = file;
-  return theme;
+TEST(Fields, EndAtCommasAndLineEnds) {
+  const std::pair<const char*, Names> cases[] = {
+      {"", {}},
+      {"a\nb\rc\r\n", {"a", "b", "c"}},
+      {"  \t a b  ,c", {"a b", "c"}},
+      {"a\r\n\r\nb", {"a", "", "b"}},
+      {"\r\n7", {"", "7"}},
+      {"a,\r\nb", {"a", "", "b"}},
+      {"a,,b", {"a", "", "b"}},
+      {"\"a, b\"\r\nc", {"a, b", "c"}},
+      {"\"a\" dropped, b", {"a", "b"}},
+      {"\"a\"\"b\"\r\nc", {"a", "c"}},
+      {"\"one\r\ntwo\",c", {"one\r\ntwo", "c"}},
+      {"\"\"\r\n\"\"\r\n", {"", ""}},
+      {"\" a \"", {" a "}},
+      {"a\"b\",c", {"a\"b\"", "c"}},
+      {"\"never closed,\r\nx", {"never closed,\r\nx"}},
+      {"a,  \"b\"  \r\nc", {"a", "b", "c"}},
+  };
+  for (const auto& [text, expected] : cases) {
+    FieldReader reader(text);
+    Names fields;
+    while (const auto field = reader.Next()) fields.push_back(*field);
+    EXPECT_EQ(fields, expected) << text;
+  }
 }
 
-TEST(Table, IsReadInOrderWhateverTheLines) {
-  std::string thirty, rows, more;
+TEST(Fields, KnowTheirLine) {
+  FieldReader reader("a,b\r\n\"c\r\nd\"\r\ne\nf");
+  std::vector<int> lines;
+  while (reader.Next()) lines.push_back(reader.Line());
+  EXPECT_EQ(lines, (std::vector<int>{1, 1, 2, 4, 5}));
+}
+
+TEST(TheTable, IsReadInOrderWhateverTheLinesAndWrittenInThirty) {
+  std::string thirty, rows;
   for (int i = 0; i < 10; ++i) {
     const std::string n = std::to_string(i);
     thirty += "\"P" + n + "\"\r\n\"d" + n + "\"\r\n\"" + n + "\"\r\n";
     rows += "\"P" + n + "\",\"d" + n + "\"," + n + "\n";
   }
-  more = thirty + "\"after\"\r\n\"the\"\r\n\"30th\"\r\n";
-  for (const std::string& file : {thirty, rows, more}) {
-    Story story({ThemeWithScores(file)});
-    EXPECT_EQ(story.Rows()[0], "P0|d0|0");
+  Story story;
+  for (const std::string& file : {thirty, rows, thirty + "\"after\"\r\n\"the\"\r\n\"30th\"\r\n"}) {
+    WriteFile(story.ThemeFile("HighScores.ini"), file);
+    LoadHighScores(story.desktop, story.form, "Theme1");
     EXPECT_EQ(story.Rows()[9], "P9|d9|9");
     SaveHighScores(story.desktop, story.form, "Theme1");
     EXPECT_EQ(ReadWholeFile(story.ThemeFile("HighScores.ini")), thirty);
   }
 }
 
-TEST(Table, RowsWithoutATimeAreDefaultRows) {
-  const struct {
-    std::string file;
-    Names firstRows;
-  } cases[] = {
+TEST(TheTable, HasDefaultRowsWhereATimeIsMissing) {
+  const std::pair<const char*, Names> cases[] = {
       {"\"A\"\r\n\"d\"\r\n\"\"\r\n\"B\"\r\n\"e\"\r\n\"2\"\r\n", {kDefault, "B|e|2", kDefault}},
-      {"A,d\r\n\r\nB,e,2", {kDefault, "B|e|2", kDefault}},
       {"A,d,1\r\nB,e", {"A|d|1", kDefault, kDefault}},  // ends early
       {"", {kDefault, kDefault, kDefault}},
       {"\"\",\"\",\"1\"", {"||1", kDefault, kDefault}},
       {"Zo\xEB,d,1", {"Zo\xC3\xAB|d|1", kDefault, kDefault}},
   };
-  for (const auto& c : cases) {
-    Story story({CupTheme(1)});
-    WriteFile(story.ThemeFile("HighScores.ini"), c.file);
+  Story story;
+  for (const auto& [file, firstRows] : cases) {
+    WriteFile(story.ThemeFile("HighScores.ini"), file);
     LoadHighScores(story.desktop, story.form, "Theme1");
     const Names rows = story.Rows();
-    EXPECT_EQ(Names(rows.begin(), rows.begin() + 3), c.firstRows) << c.file;
+    EXPECT_EQ(Names(rows.begin(), rows.begin() + 3), firstRows) << file;
     EXPECT_EQ(rows[9], kDefault);
   }
 }
 
-TEST(Table, IsFoundInAnotherCaseAndKeepsThatName) {
-  Story story({ThemeWithScores("")});
-  WriteFile(story.ThemeFile("HIGHSCORES.INI"), HighScoreFile({"7"}));
-  story.form.cmdShowHighscores.Click();
-  EXPECT_EQ(story.Rows()[0], "P0|01/02/03|7");
+TEST(TheTable, IsFoundInAnotherCaseAndKeepsThatName) {
+  Story story;
+  std::filesystem::rename(story.ThemeFile("HighScores.ini"), story.ThemeFile("HIGHSCORES.INI"));
   RecordHighScore(story.desktop, story.form, "Theme1", 3);
   EXPECT_FALSE(std::filesystem::exists(story.ThemeFile("HighScores.ini")));
-  EXPECT_EQ(ReadWholeFile(story.ThemeFile("HIGHSCORES.INI")).substr(0, 24), "\"\"\r\n\"03/14/26\"\r\n\"3\"\r\n\"P0");
+  EXPECT_EQ(ReadWholeFile(story.ThemeFile("HIGHSCORES.INI")).substr(0, 21), "\"\"\r\n\"03/14/26\"\r\n\"3\"\r\n");
 }
 
-TEST(Table, AMissingFileIsReportedAtEveryLoadAndMadeByTheFirstRecord) {
-  Story story({ThemeWithScores("")});
-  EXPECT_EQ(story.desktop.Boxes, std::vector<Box>{kNotFound});
+TEST(TheTable, IsReportedMissingAtEveryLoadUntilTheFirstRecordMakesIt) {
+  const Box notFound{"Highscore file not found", "File not found", BoxIcon::Exclamation};
+  TestTheme theme = CupTheme(1);
+  theme.highScores = "";
+  Story story({theme});
   EXPECT_EQ(story.Rows(), Names(10, kDefault));
   bool panelWaited = false;
   story.desktop.WhileBoxOpen = [&](const Box&) { panelWaited = !story.form.picHighScores.Visible; };
   story.form.cmdShowHighscores.Click();
-  EXPECT_EQ(story.desktop.Boxes, (std::vector<Box>{kNotFound, kNotFound}));
+  EXPECT_EQ(story.desktop.Boxes, (std::vector<Box>{notFound, notFound}));
   EXPECT_TRUE(panelWaited);
   RecordHighScore(story.desktop, story.form, "Theme1", 50);
   story.form.cmdShowHighscores.Click();
@@ -85,11 +109,11 @@ TEST(Table, AMissingFileIsReportedAtEveryLoadAndMadeByTheFirstRecord) {
   EXPECT_EQ(story.Rows()[0], "|03/14/26|50");
 }
 
-TEST(Recording, TakesTheLowestRowWithAGreaterTime) {
-  const std::vector<std::string> full = {"1", "2", "3", "4", "5", "6", "7", "8", "9", "55"};
+TEST(ANewTime, TakesTheLowestRowWithAGreaterOne) {
+  const Names full = {"1", "2", "3", "4", "5", "6", "7", "8", "9", "55"};
   const struct {
     const char* what;
-    std::vector<std::string> times;
+    Names times;
     double time;
     int row;  // -1: no place
     const char* text;
@@ -99,20 +123,22 @@ TEST(Recording, TakesTheLowestRowWithAGreaterTime) {
       {"below its equals", {"10", "20", "20", "30"}, 20, 3, "20"},
       {"the last row", full, 54.99, 9, "54.99"},
       {"a tie with the last row", full, 55, -1, ""},
-      {"the fastest", full, .75, 0, "0.75"},
       {"unsorted: the scan does not stop", {"50", "10", "60", "20"}, 30, 0, "30"},
       {"unsorted: past a faster row", {"10", "50", "20", "60"}, 30, 1, "30"},
       {"times read up to the first other character", {"12,5", "12.5s", " 13"}, 12.2, 1, "12.2"},
       {"text without a number counts as 0", {"abc", "x", "99"}, 37, 2, "37"},
   };
+  Story story;
+  story.desktop.TypeName = [] { return "Ann"; };
   for (const auto& c : cases) {
-    Story story({ThemeWithScores(HighScoreFile(c.times))});
+    WriteFile(story.ThemeFile("HighScores.ini"), HighScoreFile(c.times));
+    LoadHighScores(story.desktop, story.form, "Theme1");
     Names expected = story.Rows();
     if (c.row >= 0) {
       expected.insert(expected.begin() + c.row, std::string("Ann|03/14/26|") + c.text);
       expected.pop_back();
     }
-    story.desktop.TypeName = [] { return "Ann"; };
+    story.desktop.Prompts.clear();
     RecordHighScore(story.desktop, story.form, "Theme1", c.time);
     EXPECT_EQ(story.Rows(), expected) << c.what;
     EXPECT_EQ(story.desktop.Prompts.size(), c.row >= 0 ? 1U : 0U) << c.what;
@@ -121,20 +147,19 @@ TEST(Recording, TakesTheLowestRowWithAGreaterTime) {
   }
 }
 
-TEST(Panel, HasTenRowsAndIsRereadAtEveryShowing) {
-  Story story({ThemeWithScores(HighScoreFile({"5"}))});
+TEST(ThePanel, HasTenRowsAndIsRereadAtEveryShowing) {
+  Story story;
   frmMain& form = story.form;
   EXPECT_FALSE(form.picHighScores.Visible);
   form.cmdShowHighscores.Click();
-  EXPECT_TRUE(form.picHighScores.Visible);
   for (int row = 0; row < 10; ++row) {
     EXPECT_EQ(form.lblHighNum(row).Caption, row == 0 ? "1." : std::to_string(row + 1) + ". ");
     for (auto* column : {&form.lblHighNum, &form.lblHighName, &form.lblHighDate, &form.lblHighTime}) {
       const Label& label = (*column)(row);
       EXPECT_EQ(label.Top, static_cast<float>(32 + 21 * row)) << label.Name;
-      EXPECT_TRUE(label.Visible);
-      EXPECT_EQ(label.Container, &form.picHighScores);
       EXPECT_EQ(label.Left, (*column)(0).Left);
+      EXPECT_TRUE(IsShown(label));
+      EXPECT_EQ(label.Container, &form.picHighScores);
     }
   }
   form.cmdHideScores.Click();
@@ -142,17 +167,8 @@ TEST(Panel, HasTenRowsAndIsRereadAtEveryShowing) {
   WriteFile(story.ThemeFile("HighScores.ini"), HighScoreFile({"6"}));
   form.cmdShowHighscores.Click();
   EXPECT_EQ(story.Rows()[0], "P0|01/02/03|6");
-  form.picHighScores.Paint();
-  EXPECT_EQ(form.cmdHideScores.Top, 250);
-}
-
-TEST(Panel, StaysShownWhenAGameStarts) {
-  Story story;
-  story.form.cmdShowHighscores.Click();
-  story.Start().Frames(2).Then([&] { EXPECT_TRUE(story.form.picHighScores.Visible); });
-  story.Then([&] { story.form.cmdHideScores.Click(); }).Frames(1).Then([&] { story.form.cmdShowHighscores.Click(); });
-  EXPECT_EQ(story.Run(), Story::End::ScriptEnded);
-  EXPECT_TRUE(story.form.picHighScores.Visible);
+  story.Start().Frames(2).Run();
+  EXPECT_TRUE(form.picHighScores.Visible) << "also when a game starts";
 }
 
 }  // namespace

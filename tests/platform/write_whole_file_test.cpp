@@ -12,11 +12,7 @@
 #include <unistd.h>
 
 #include <csignal>
-#include <filesystem>
-#include <fstream>
 #include <functional>
-#include <iterator>
-#include <string>
 
 #include "base/runtime_error.h"
 #include "support/temp_folder.h"
@@ -53,9 +49,7 @@ bool BecomeOrdinaryUser() {
   return ::geteuid() != 0 || (::setgroups(0, nullptr) == 0 && ::setgid(kNobody) == 0 && ::setuid(kNobody) == 0);
 }
 
-std::ptrdiff_t FilesIn(const fs::path& folder) {
-  return std::distance(fs::directory_iterator(folder), fs::directory_iterator());
-}
+std::ptrdiff_t FilesIn(const fs::path& folder) { return std::distance(fs::directory_iterator(folder), {}); }
 
 struct stat StatusOf(const fs::path& path) {
   struct stat status {};
@@ -63,68 +57,41 @@ struct stat StatusOf(const fs::path& path) {
   return status;
 }
 
-TEST(WriteWholeFile, FollowsLinksAndKeepsThemWithPermissionsAndOwner) {
+TEST(WritingAFile, FollowsLinksAndKeepsThemWithPermissionsAndOwner) {
   const TempFolder folder;
   const fs::path& root = folder.Path();
-  WriteFile(root / "themes/plain.ini", "old");
   WriteFile(root / "real/table.ini", "old");
-  for (const char* name : {"themes/plain.ini", "real/table.ini"}) {
-    ::chmod((root / name).c_str(), 0646);
-    if (::geteuid() == 0) {
-      ASSERT_EQ(::chown((root / name).c_str(), kNobody, kNobody), 0);
-    }
-  }
-  fs::create_symlink("../real/table.ini", root / "themes/relative");
-  fs::create_symlink("relative", root / "themes/chained");
-  fs::create_symlink(root / "themes/chained", root / "absolute");
-  fs::create_symlink("../real/new.ini", root / "themes/dangling");
-
-  const struct {
-    const char* path;
-    const char* file;
-  } cases[] = {{"themes/plain.ini", "themes/plain.ini"},
-               {"themes/relative", "real/table.ini"},
-               {"themes/chained", "real/table.ini"},
-               {"absolute", "real/table.ini"},
-               {"themes/dangling", "real/new.ini"}};
+  ::chmod((root / "real/table.ini").c_str(), 0646);
+  const uid_t owner = ::chown((root / "real/table.ini").c_str(), kNobody, kNobody) == 0 ? kNobody : ::geteuid();
+  fs::create_symlink("real/table.ini", root / "relative");
+  fs::create_symlink(root / "relative", root / "chained");
+  fs::create_symlink("real/new.ini", root / "dangling");
+  const std::pair<const char*, const char*> cases[] = {{"real/table.ini", "real/table.ini"},
+                                                       {"relative", "real/table.ini"},
+                                                       {"chained", "real/table.ini"},
+                                                       {"dangling", "real/new.ini"}};
   for (const auto& [path, file] : cases) {
     const bool isLink = fs::is_symlink(root / path);
-    const std::string text = std::string("written through ") + path;
-    EXPECT_EQ(ErrorOfWriting(root / path, text), 0) << path;
-    EXPECT_EQ(ReadWholeFile(root / file), text);
+    EXPECT_EQ(ErrorOfWriting(root / path, path), 0) << path;
+    EXPECT_EQ(ReadWholeFile(root / file), path);
     EXPECT_EQ(fs::is_symlink(root / path), isLink) << path;
   }
-  for (const char* name : {"themes/plain.ini", "real/table.ini"}) {
-    EXPECT_EQ(StatusOf(root / name).st_mode & 07777, 0646U) << name;
-    if (::geteuid() == 0) {
-      EXPECT_EQ(StatusOf(root / name).st_uid, kNobody) << name;
-    }
-  }
-  EXPECT_EQ(FilesIn(root / "themes"), 4);
+  EXPECT_EQ(StatusOf(root / "relative").st_mode & 07777, 0646U);
+  EXPECT_EQ(StatusOf(root / "relative").st_uid, owner);
   EXPECT_EQ(FilesIn(root / "real"), 2);
 }
 
-TEST(WriteWholeFile, NewFilesFollowTheUmask) {
+TEST(WritingAFile, MakesANewOneWhoseModeFollowsTheUmask) {
   const TempFolder folder;
-  EXPECT_EQ(InChild([&] {
-              ::umask(027);
-              return ErrorOfWriting(folder.Path() / "new.ini", "x");
-            }),
-            0);
-  EXPECT_EQ(StatusOf(folder.Path() / "new.ini").st_mode & 07777, 0640U);
+  const fs::path path = folder.Path() / "new.ini";
+  ASSERT_EQ(InChild([&] { return ::umask(027), ErrorOfWriting(path, "x"); }), 0);
+  const struct stat first = StatusOf(path);
+  EXPECT_EQ(first.st_mode & 07777, 0640U);
+  EXPECT_EQ(ErrorOfWriting(path, "y"), 0);
+  EXPECT_NE(StatusOf(path).st_ino, first.st_ino) << "a reader of the old file still sees all of it";
 }
 
-TEST(WriteWholeFile, AReaderOfTheOldFileStillSeesAllOfIt) {
-  const TempFolder folder;
-  const fs::path path = folder.Path() / "HighScores.ini";
-  WriteFile(path, "the old table");
-  std::ifstream reader(path);
-  EXPECT_EQ(ErrorOfWriting(path, "new"), 0);
-  EXPECT_EQ(std::string(std::istreambuf_iterator<char>(reader), {}), "the old table");
-  EXPECT_EQ(ReadWholeFile(path), "new");
-}
-
-TEST(WriteWholeFile, RefusesWhatIsNotAWritableFile) {
+TEST(WritingAFile, RefusesWhatIsNotAWritableFile) {
   const TempFolder folder;
   const fs::path& root = folder.Path();
   WriteFile(root / "read-only", "old");
@@ -133,27 +100,15 @@ TEST(WriteWholeFile, RefusesWhatIsNotAWritableFile) {
   fs::create_symlink("loop", root / "loop");
   fs::create_directory(root / "folder");
   ASSERT_EQ(::mkfifo((root / "pipe").c_str(), 0666), 0);
-  const std::ptrdiff_t before = FilesIn(root);
-
-  const struct {
-    const char* path;
-    int error;
-  } cases[] = {{"read-only", 75},
-               {"link to read-only", 75},
-               {"loop", 75},
-               {"folder", 75},
-               {"folder/", 75},
-               {"pipe", 75},
-               {"nowhere/table.ini", 76},
-               {"read-only/table.ini", 76}};
+  const std::pair<const char*, int> cases[] = {
+      {"read-only", 75}, {"link to read-only", 75},  {"loop", 75}, {"folder", 75}, {"folder/", 75}, {"pipe", 75},
+      {"nowhere/t", 76}, {"read-only/table.ini", 76}};
   for (const auto& [path, error] : cases) EXPECT_EQ(ErrorOfWriting(root / path, "new"), error) << path;
-  EXPECT_EQ(ErrorOfWriting("", "new"), 75);
   EXPECT_EQ(ReadWholeFile(root / "read-only"), "old");
-  EXPECT_TRUE(fs::is_fifo(root / "pipe"));
-  EXPECT_EQ(FilesIn(root), before);
+  EXPECT_EQ(FilesIn(root), 5);
 }
 
-TEST(WriteWholeFile, OverwritesInPlaceWhereNothingCanBeCreatedOrReplaced) {
+TEST(WritingAFile, OverwritesInPlaceWhereNothingCanBeCreatedOrReplaced) {
   const TempFolder folder;
   ::chmod(folder.Path().c_str(), 0755);
   // In a sticky folder anybody may create files, but not replace those of others (here: of root).
@@ -168,12 +123,7 @@ TEST(WriteWholeFile, OverwritesInPlaceWhereNothingCanBeCreatedOrReplaced) {
       EXPECT_EQ(InChild([&] { return BecomeOrdinaryUser() ? ErrorOfWriting(path, text) : kCannotTry; }), 0);
       EXPECT_EQ(ReadWholeFile(path), text);
     }
-    if (mode == 0555) {
-      EXPECT_EQ(InChild([&] { return BecomeOrdinaryUser() ? ErrorOfWriting(place / "new", "") : kCannotTry; }), 75);
-    }
-    if (mode == 0555 || ::geteuid() == 0) {
-      EXPECT_EQ(StatusOf(path).st_ino, file);
-    }
+    EXPECT_TRUE(StatusOf(path).st_ino == file || (mode == 01777 && ::geteuid() != 0));
     EXPECT_EQ(FilesIn(place), 1);
     ::chmod(place.c_str(), 0755);
   }
@@ -185,20 +135,21 @@ int ErrorOfSavingTooMuch(mode_t folderMode, bool (*limitRoom)(const fs::path&)) 
   ::chmod(folder.Path().c_str(), 0755);
   return InChild([&] {
     const fs::path place = folder.Path() / "Theme1";
+    const fs::path path = place / "HighScores.ini";
     fs::create_directory(place);
     if (!limitRoom(place)) return kCannotTry;
-    WriteFile(place / "HighScores.ini", "the old table");
-    ::chmod((place / "HighScores.ini").c_str(), 0666);
+    WriteFile(path, "the old table");
+    ::chmod(path.c_str(), 0666);
     ::chmod(place.c_str(), folderMode);
     if (!BecomeOrdinaryUser()) return kCannotTry;
-    const int error = ErrorOfWriting(place / "HighScores.ini", std::string(1 << 20, 'x'));
-    const bool intact = ReadWholeFile(place / "HighScores.ini") == "the old table" && FilesIn(place) == 1;
+    const int error = ErrorOfWriting(path, std::string(1 << 20, 'x'));
+    const bool intact = ReadWholeFile(path) == "the old table" && FilesIn(place) == 1;
     ::chmod(place.c_str(), 0755);
     return intact ? error : kDamaged;
   });
 }
 
-TEST(WriteWholeFile, AFileThatMayNotGrowLeavesTheOldOne) {
+TEST(WritingAFile, LeavesTheOldOneWhenItMayNotGrow) {
   const auto limit = [](const fs::path&) {
     const rlimit most{64 << 10, 64 << 10};
     return std::signal(SIGXFSZ, SIG_IGN) != SIG_ERR && ::setrlimit(RLIMIT_FSIZE, &most) == 0;
@@ -207,7 +158,7 @@ TEST(WriteWholeFile, AFileThatMayNotGrowLeavesTheOldOne) {
   EXPECT_EQ(ErrorOfSavingTooMuch(0555, limit), 57) << "in place";
 }
 
-TEST(WriteWholeFile, AFullDiskLeavesTheOldFile) {
+TEST(WritingAFile, LeavesTheOldOneWhenTheDiskIsFull) {
   const auto smallDisk = [](const fs::path& place) {
     return ::unshare(CLONE_NEWNS) == 0 && ::mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0 &&
            ::mount("none", place.c_str(), "tmpfs", 0, "size=64k") == 0;

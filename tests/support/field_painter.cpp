@@ -17,21 +17,18 @@ Bitmap FieldPainter::Read(const std::string& name) const { return ReadBmp(ReadWh
 
 void FieldPainter::Draw(Bitmap& field, int x, int y, const std::string& picture, const std::string& mask) const {
   const Bitmap colours = Read(picture);
-  BitBlt(field, x, y, colours.Extent(), Read(mask), 0, 0, RasterOperation::MergePaint);
-  BitBlt(field, x, y, colours.Extent(), colours, 0, 0, RasterOperation::SrcAnd);
+  DrawInFull(field, x, y, colours.Extent(), colours, Read(mask));
 }
 
 Bitmap FieldPainter::Paint(const std::vector<Placed>& items, std::optional<Placed> container) const {
   Bitmap field = Read("bg.bmp");
   Draw(field, targetX_, targetY_, "pS.bmp", "pM.bmp");
-  for (const Placed& item : items) {
-    const std::string n = std::to_string(item.number) + ".bmp";
-    Draw(field, item.x, item.y, "ss" + n, "sm" + n);
-  }
-  if (container) {
-    const std::string n = std::to_string(container->number) + ".bmp";
-    Draw(field, container->x, container->y, "cs" + n, "cm" + n);
-  }
+  const auto draw = [&](const Placed& placed, const std::string& kind) {
+    const std::string n = std::to_string(placed.number) + ".bmp";
+    Draw(field, placed.x, placed.y, kind + "s" + n, kind + "m" + n);
+  };
+  for (const Placed& item : items) draw(item, "s");
+  if (container) draw(*container, "c");
   return field;
 }
 

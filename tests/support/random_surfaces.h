@@ -7,6 +7,7 @@
 
 #include "platform/controls.h"
 #include "platform/picture.h"
+#include "support/printers.h"
 
 namespace sorvex {
 
@@ -15,14 +16,17 @@ enum class Colours { Any, MaskLike };
 
 class Random {
  public:
-  explicit Random(unsigned seed) : engine_(seed) {}
+  const unsigned Seed;
+
+  explicit Random(unsigned seed = std::random_device{}()) : Seed(seed), engine_(seed) {}
 
   int Number(int from, int to) { return std::uniform_int_distribution<int>(from, to)(engine_); }
 
   sorvex::Bitmap Bitmap(Size size, Colours colours) {
     sorvex::Bitmap bitmap(size);
     for (int y = 0; y < size.height; ++y)
-      for (int x = 0; x < size.width; ++x) bitmap.Row(y)[x] = colours == Colours::Any ? AnyPixel() : MaskPixel();
+      for (int x = 0; x < size.width; ++x)
+        bitmap.Row(y)[x] = colours == Colours::Any ? kBlack | static_cast<Pixel>(engine_()) : MaskPixel();
     return bitmap;
   }
 
@@ -35,8 +39,6 @@ class Random {
   }
 
  private:
-  Pixel AnyPixel() { return kBlack | static_cast<Pixel>(engine_()); }
-
   std::mt19937 engine_;
 };
 

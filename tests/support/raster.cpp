@@ -29,4 +29,9 @@ void BitBlt(Bitmap& target, int x, int y, Size size, const Bitmap& source, int s
   }
 }
 
+void DrawInFull(Bitmap& target, int x, int y, Size size, const Bitmap& picture, const Bitmap& mask) {
+  BitBlt(target, x, y, size, mask, 0, 0, RasterOperation::MergePaint);
+  BitBlt(target, x, y, size, picture, 0, 0, RasterOperation::SrcAnd);
+}
+
 }  // namespace sorvex

@@ -14,4 +14,7 @@ enum class RasterOperation { SrcCopy, MergePaint, SrcInvert, SrcAnd };
 void BitBlt(Bitmap& target, int x, int y, Size size, const Bitmap& source, int sourceX, int sourceY,
             RasterOperation operation);
 
+/// A picture with its mask, drawn as the game's rules have it.
+void DrawInFull(Bitmap& target, int x, int y, Size size, const Bitmap& picture, const Bitmap& mask);
+
 }  // namespace sorvex

@@ -15,11 +15,7 @@ std::string WriteThemes(const TempFolder& folder, const std::vector<TestTheme>& 
 }  // namespace
 
 Story::Story(const std::vector<TestTheme>& themes)
-    : desktop(WriteThemes(folder, themes), (folder.Path() / "registry.reg").string()),
-      program(desktop),
-      form(program.form),
-      state(program.state),
-      pointer(form) {
+    : desktop(WriteThemes(folder, themes), (folder.Path() / "registry.reg").string()) {
   program.Initialize();
 }
 
@@ -28,18 +24,16 @@ Story& Story::Then(std::function<void()> what) {
   return *this;
 }
 
-Story& Story::Hover(int x, int y) { return Drag(x, y); }
-
-Story& Story::Press(int x, int y, Integer button) {
-  return Then([=, this] { pointer.Press(&form.PicCanvas, button, 0, static_cast<float>(x), static_cast<float>(y)); });
+Story& Story::Move(float x, float y) {
+  return Then([=, this] { pointer.Move(&form.PicCanvas, 0, x, y); });
 }
 
-Story& Story::Drag(int x, int y) {
-  return Then([=, this] { pointer.Move(&form.PicCanvas, 0, static_cast<float>(x), static_cast<float>(y)); });
+Story& Story::Press(float x, float y) {
+  return Then([=, this] { pointer.Press(&form.PicCanvas, kLeftButton, 0, x, y); });
 }
 
-Story& Story::Release(Integer button) {
-  return Then([=, this] { pointer.Release(button, 0, 0, 0); });
+Story& Story::Release() {
+  return Then([this] { pointer.Release(kLeftButton, 0, 0, 0); });
 }
 
 Story& Story::Wait(Long milliseconds) {
@@ -55,17 +49,13 @@ Story& Story::Start() {
   return Then([this] { form.Command1.Click(); }).Frames(1);
 }
 
-Story& Story::Grab(int x, int y) { return Press(x, y).Drag(x, y); }
+Story& Story::Grab(float x, float y) { return Press(x, y).Move(x, y); }
 
-Story& Story::PutIn(const TestTheme& theme, int i) {
-  const TestItem& item = theme.items[static_cast<std::size_t>(i)];
-  const int x = item.RestX() + 7;
-  const int y = item.RestY() + 6;
-  return Hover(x, y)
-      .Grab(x, y)
-      .Drag(x + 2, item.contY - 20)
-      .Drag(theme.targetX + theme.target.width / 2, theme.targetY + theme.target.height / 2)
-      .Release();
+Story& Story::TakeOut() { return Move(30, 30).Grab(32, 70).Move(40, 5); }
+
+Story& Story::PutIn(int i) {
+  const float x = static_cast<float>(32 + 60 * i);
+  return Move(x, 69).Grab(x, 69).Move(x + 2, 0).Move(270, 195).Release();
 }
 
 Story::End Story::Run() {
@@ -80,6 +70,10 @@ Story::End Story::Run() {
 
 std::filesystem::path Story::ThemeFile(const std::string& name, const std::string& theme) const {
   return folder.Path() / "program" / theme / name;
+}
+
+Bitmap Story::Painted(const std::vector<Placed>& items, std::optional<Placed> container) const {
+  return FieldPainter(ThemeFile(""), TestTheme().targetX, TestTheme().targetY).Paint(items, container);
 }
 
 std::vector<std::string> Story::Sounds() const {

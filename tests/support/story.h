@@ -9,6 +9,7 @@
 #include "platform/headless/headless_desktop.h"
 #include "platform/input.h"
 #include "startup/program.h"
+#include "support/field_painter.h"
 #include "support/printers.h"
 #include "support/temp_folder.h"
 #include "support/theme_folder.h"
@@ -22,10 +23,9 @@ class Story {
 
   // Each queues one delivery.
   Story& Then(std::function<void()> what);
-  Story& Hover(int x, int y);
-  Story& Press(int x, int y, Integer button = kLeftButton);
-  Story& Drag(int x, int y);
-  Story& Release(Integer button = kLeftButton);
+  Story& Move(float x, float y);
+  Story& Press(float x, float y);
+  Story& Release();
   Story& Wait(Long milliseconds);
   Story& Frames(int count);
 
@@ -33,9 +33,11 @@ class Story {
   /// A click on Start and the delivery that ends the theme's loading: what follows comes from the first frame on.
   Story& Start();
   /// A press, and the movement on the spot that makes an item with an opaque pixel there follow.
-  Story& Grab(int x, int y);
-  /// Takes item `i` of `theme`, at rest in its cup, out of it and to the target.
-  Story& PutIn(const TestTheme& theme, int i);
+  Story& Grab(float x, float y);
+  /// Takes item 0, at rest in its cup, out of it: it is held at (33, -2).
+  Story& TakeOut();
+  /// Takes item `i`, at rest in its cup, out of it and to the target.
+  Story& PutIn(int i);
 
   enum class End { ScriptEnded, ProgramEnded };
   /// Shows the window and plays what was queued. A game that is not over by then is left where it stands.
@@ -44,6 +46,8 @@ class Story {
   std::filesystem::path ThemeFile(const std::string& name, const std::string& theme = "Theme1") const;
   /// The play field as it was shown last.
   const Bitmap& Field() const { return form.PicCanvas.Image(); }
+  /// What it must show, by raster operations alone.
+  Bitmap Painted(const std::vector<Placed>& items, std::optional<Placed> container) const;
   /// The file names, without ".wav", of the sounds so far.
   std::vector<std::string> Sounds() const;
   /// Ten rows of the panel as "name|date|time".
@@ -51,10 +55,10 @@ class Story {
 
   TempFolder folder;
   HeadlessDesktop desktop;
-  Program program;
-  frmMain& form;
-  modVariables& state;
-  PointerInput pointer;
+  Program program{desktop};
+  frmMain& form = program.form;
+  modVariables& state = program.state;
+  PointerInput pointer{form};
 };
 
 }  // namespace sorvex

@@ -1,0 +1,89 @@
+// SPDX-License-Identifier: MIT
+// Numbers, text in two encodings, and files found by name whatever their case.
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <cmath>
+
+#include "base/files.h"
+#include "base/numbers.h"
+#include "base/runtime_error.h"
+#include "base/text.h"
+#include "support/temp_folder.h"
+
+namespace sorvex {
+namespace {
+
+using namespace std::string_literals;
+
+TEST(Numbers, RoundHalvesToTheEvenNeighbourAndOverflowBeyondTheRange) {
+  const std::pair<double, int> cases[] = {{2.5, 2},  {3.5, 4},  {-0.5, 0},   {-1.5, -2},       {-2.5, -2},
+                                          {2.49, 2}, {2.51, 3}, {-2.51, -3}, {32767.4, 32767}, {-32768.5, -32768}};
+  for (const auto& [value, rounded] : cases) EXPECT_EQ(ToInteger(value), rounded) << value;
+  for (const double value : {32767.5, -32768.51, 1e300, std::nan("")}) EXPECT_THROW(ToInteger(value), RuntimeError);
+  EXPECT_EQ(ToLong(2147483647.0), 2147483647);
+  for (const double value : {2147483647.5, -2147483649.0}) EXPECT_THROW(ToLong(value), RuntimeError);
+}
+
+TEST(Numbers, AreSignDigitsPeriodDigitsAndNothingElse) {
+  for (const char* text : {"7", " 7 ", "\t7", "-7", "+7", "12.5", ".5", "5.", "-.5", "007"})
+    EXPECT_TRUE(IsNumber(text)) << text;
+  for (const char* text : {"", " ", ".", "-", "+.", "1e3", "1,5", "7x", "x7", "- 7", "1 2", "1.2.3", "0x1", "nan"})
+    EXPECT_FALSE(IsNumber(text)) << text;
+  const std::pair<const char*, double> leading[] = {{"  12.5abc", 12.5}, {"-3", -3}, {"12,5", 12}, {"1e3", 1},
+                                                    {"+.75", .75},       {"", 0},    {"abc", 0},   {"-", 0},
+                                                    {"1.2.3", 1.2},      {". 5", 0}};
+  for (const auto& [text, value] : leading) EXPECT_EQ(LeadingNumber(text), value) << text;
+}
+
+TEST(Numbers, AreWrittenWithAPeriodAndNoTrailingZeros) {
+  const std::pair<double, const char*> cases[] = {{0, "0"},       {12, "12"},   {12.3, "12.3"},       {.75, "0.75"},
+                                                  {1.01, "1.01"}, {100, "100"}, {86400.5, "86400.5"}, {-1.5, "-1.5"}};
+  for (const auto& [value, text] : cases) EXPECT_EQ(NumberText(value), text);
+}
+
+TEST(Text, IsReadAsWindows1252UnlessItIsUtf8) {
+  const std::pair<std::string, std::string> cases[] = {
+      {"\xEF\xBB\xBFmarked", "marked"},
+      {"Zo\xC3\xAB", "Zo\xC3\xAB"},
+      {"Zo\xEB", "Zo\xC3\xAB"},
+      {"5 \x80", "5 \xE2\x82\xAC"},
+      {"\x81", "\xC2\x81"},
+      {"\xF4\x8F\xBF\xBF", "\xF4\x8F\xBF\xBF"},          // the last character there is
+      {"\xF5\x80", "\xC3\xB5\xE2\x82\xAC"},              // beyond it
+      {"\xC0\xAF", "\xC3\x80\xC2\xAF"},                  // overlong
+      {"\xED\xA0\x80", "\xC3\xAD\xC2\xA0\xE2\x82\xAC"},  // half a surrogate pair
+      {"\xE2\x82", "\xC3\xA2\xE2\x80\x9A"},              // cut short
+      {"a\0b"s, "a\0b"s},
+  };
+  for (const auto& [bytes, text] : cases) EXPECT_EQ(DecodeText(bytes), text);
+}
+
+TEST(Files, AreFoundInAnotherCaseUnlessTwoCompete) {
+  const TempFolder folder;
+  const auto named = [&](const char* name) { return (folder.Path() / name).string(); };
+  const auto found = [&] { return FindFile(folder.Path().string(), "Theme.ini"); };
+  WriteFile(named("THEME.INI"), "a");
+  EXPECT_EQ(found(), named("THEME.INI"));
+  WriteFile(named("theme.ini"), "b");
+  EXPECT_EQ(found(), named("Theme.ini")) << "neither may be guessed at";
+  WriteFile(named("Theme.ini"), "c");
+  EXPECT_EQ(found(), named("Theme.ini"));
+}
+
+TEST(Files, AreReadWholeUpToALimitIfTheyAreFilesAtAll) {
+  const TempFolder folder;
+  const auto named = [&](const char* name) { return (folder.Path() / name).string(); };
+  WriteFile(named("file"), "a\0\r\n"s);
+  EXPECT_TRUE(ModFileExist::FileExists(named("file")));
+  EXPECT_EQ(ReadFile(named("file"), 4), "a\0\r\n"s);
+  EXPECT_EQ(ReadFile(named("file"), 3), std::nullopt);
+  ASSERT_EQ(mkfifo(named("pipe").c_str(), 0600), 0);  // opening it would wait for ever
+  for (const std::string& none : {named("missing"), named("pipe"), folder.Path().string()}) {
+    EXPECT_FALSE(ModFileExist::FileExists(none)) << none;
+    EXPECT_EQ(ReadFile(none, 100000), std::nullopt) << none;
+  }
+}
+
+}  // namespace
+}  // namespace sorvex
