@@ -71,7 +71,7 @@ class QtDesktop final : public Desktop {
   QApplication application_;
   Handlers handlers_;
   std::vector<std::unique_ptr<ShownForm>> shown_;  // innermost last
-  QTimer patience_;  // ends a wait for events
+  QTimer patience_;                                // ends a wait for events
   Sounds sounds_;
   RegistryFile registry_;
   std::unique_ptr<SessionEnd> sessionEnd_;
