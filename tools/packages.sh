@@ -3,7 +3,7 @@
 
 play_packages="g++ cmake ninja-build qt6-base-dev qt6-multimedia-dev libbenchmark-dev fonts-liberation fonts-inter"
 test_packages="libgtest-dev pkg-config xvfb openbox xdotool x11-utils libx11-dev libxtst-dev pulseaudio pulseaudio-utils dbus
-at-spi2-core libatspi2.0-dev"
+at-spi2-core libatspi2.0-dev sox"
 
 # need PACKAGE...: makes sure that these are installed.
 need() {

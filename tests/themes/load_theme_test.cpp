@@ -44,75 +44,58 @@ std::string Snapshot(const Story& story) {
   return text;
 }
 
-TEST(LoadedTheme, FillsTheWindow) {
-  TestTheme theme = CupTheme(3);
-  theme.field = {400, 250};
-  Story story({theme});
+TEST(ALoadedTheme, FillsTheFieldAtOnceAndTheWindowAtTheNextStart) {
+  TestTheme wide = CupTheme(1, "Wide");
+  wide.field = {500, 250};
+  Story story({CupTheme(3), wide});
   const frmMain& form = story.form;
-  EXPECT_TRUE(story.desktop.Boxes.empty());
-  EXPECT_EQ(form.Caption, "Sorvex - Theme1");
   EXPECT_EQ(form.lblTime.Caption, "00.00");
-  EXPECT_EQ(story.state.LastItem, 2);
-  EXPECT_EQ(story.state.PlainX(0), 250);
-  EXPECT_EQ(story.state.PlainY(0), 180);
-  EXPECT_EQ(form.PicCanvas.ScaleSize(), (Size{400, 250}));
-  EXPECT_EQ(form.PicCanvas.Left, 8);
-  EXPECT_EQ(form.picCont(2).ScaleSize(), (Size{40, 60}));
+  EXPECT_TRUE(form.StopRendering);
   EXPECT_EQ(form.PicPlainSprite(0).OuterSize(), (Size{42, 32}));
   EXPECT_FALSE(form.PicSprite(2).Visible);
-  EXPECT_TRUE(form.StopRendering);
-  const fs::path folder = story.ThemeFile("Theme.ini").parent_path();
+  const float windowBefore = form.Width;
+  Choose(story, "Wide");
+  EXPECT_EQ(form.Caption, "Sorvex - Wide");
+  EXPECT_EQ(form.PicCanvas.ScaleSize(), (Size{500, 250}));
+  EXPECT_EQ(form.Width, windowBefore);
+  story.Start().Frames(1).Run();
+  EXPECT_EQ(form.Width, 504 * 15 + 350);
+  EXPECT_EQ(form.PicBackbuff.ScaleSize(), (Size{500, 250}));
+  const fs::path folder = story.ThemeFile("Theme.ini", "Wide").parent_path();
   const Names waves = {folder / "HitTube.wav", folder / "PutInCont.wav", folder / "Pickup.wav", folder / "LetGo.wav"};
   EXPECT_EQ((Names{form.HitTubeWav, form.PutInContWav, form.PickupWav, form.LetGoWav}), waves);
   EXPECT_EQ(story.desktop.PreparedWaves, waves);
 }
 
-TEST(LoadedTheme, HasAsManyPicturesAsItems) {
+TEST(ALoadedTheme, HasAsManyPicturesAsItemsWhateverWasLoadedBefore) {
   Story story({CupTheme(3), CupTheme(10, "Ten"), CupTheme(21, "Full"), CupTheme(0, "Empty")});
-  const struct {
-    const char* name;
-    int elements;
-  } cases[] = {{"Ten", 10}, {"Theme1", 3}, {"Full", 21}, {"Full", 21}, {"Empty", 1}, {"Ten", 10}};
-  for (const auto& c : cases) {
+  const std::string fresh = Snapshot(story);
+  for (const auto& [name, elements] :
+       {std::pair{"Ten", 10}, {"Theme1", 3}, {"Full", 21}, {"Full", 21}, {"Empty", 1}, {"Theme1", 3}}) {
     story.state.CurItem = story.state.CurCont = static_cast<Integer>(std::max<Long>(0, story.state.LastItem));
-    Choose(story, c.name);
+    Choose(story, name);
     for (auto* array : {&story.form.PicSprite, &story.form.PicMask, &story.form.picCont, &story.form.PicContMask})
-      EXPECT_EQ(array->Count(), c.elements) << c.name;
-    EXPECT_EQ(story.state.ItemX(20), c.elements == 21 ? 20 + 60 * 20 + 5 : 0);
+      EXPECT_EQ(array->Count(), elements) << name;
   }
+  EXPECT_EQ(Snapshot(story), fresh);
   EXPECT_TRUE(story.desktop.Boxes.empty());
 }
 
-TEST(LoadedTheme, IsTheSameWhenLoadedTwice) {
-  Story story({CupTheme(3)});
-  const std::string once = Snapshot(story);
-  Choose(story, "Theme1");
-  EXPECT_EQ(Snapshot(story), once);
-}
-
-TEST(LoadedTheme, HasDetailsOfItsOwnOnly) {
+TEST(ALoadedTheme, HasDetailsOfItsOwnOnly) {
   Story story({CupTheme(1), CupTheme(1, "Other")});
   WriteFile(story.ThemeFile("ThemeDetails.ini", "Other"), "\"One, two\"\r\n\"May\"\r\n");
   Choose(story, "Other");
   EXPECT_EQ(story.form.ThemeDescription, "One, two");
   EXPECT_EQ(story.form.ThemeDate, "May");
-  WriteFile(story.ThemeFile("ThemeDetails.ini"), "only a description");
   Choose(story, "Theme1");
-  EXPECT_EQ(story.form.ThemeDescription, "only a description");
-  EXPECT_EQ(story.form.ThemeDate, "");
-  fs::remove(story.ThemeFile("ThemeDetails.ini"));
-  Choose(story, "Theme1");
-  EXPECT_EQ(story.form.ThemeDescription, "");
-  EXPECT_TRUE(story.desktop.Boxes.empty());
+  EXPECT_EQ(story.form.ThemeDescription + story.form.ThemeDate, "");
 }
 
-TEST(LoadedTheme, IsFoundWhateverTheCaseOfItsFiles) {
+TEST(ALoadedTheme, IsFoundWhateverTheCaseOfItsFiles) {
   Story story({CupTheme(1), CupTheme(2, "Shout")});
-  for (const char* name : {"Theme.ini", "Theme2.ini", "bg.bmp", "sm1.bmp", "HighScores.ini"}) {
-    std::string upper(name);
-    for (char& c : upper) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
-    fs::rename(story.ThemeFile(name, "Shout"), story.ThemeFile(upper, "Shout"));
-  }
+  const std::pair<const char*, const char*> names[] = {
+      {"Theme.ini", "THEME.INI"}, {"Theme2.ini", "THEME2.INI"}, {"bg.bmp", "BG.BMP"}, {"sm1.bmp", "SM1.BMP"}};
+  for (const auto& [name, upper] : names) fs::rename(story.ThemeFile(name, "Shout"), story.ThemeFile(upper, "Shout"));
   WriteFile(story.ThemeFile("pickup.WAV", "Shout"), "");
   Choose(story, "Shout");
   EXPECT_TRUE(story.desktop.Boxes.empty());
@@ -120,114 +103,72 @@ TEST(LoadedTheme, IsFoundWhateverTheCaseOfItsFiles) {
   EXPECT_EQ(fs::path(story.form.PickupWav).filename(), "pickup.WAV");
 }
 
-TEST(LoadedTheme, ResizesTheFieldAtOnceAndTheWindowAtTheNextStart) {
-  TestTheme wide = CupTheme(1, "Wide");
-  wide.field = {500, 240};
-  Story story({CupTheme(1), wide});
-  const float windowBefore = story.form.Width;
-  Choose(story, "Wide");
-  EXPECT_EQ(story.form.PicCanvas.ScaleSize(), (Size{500, 240}));
-  EXPECT_EQ(story.form.Width, windowBefore);
-  story.Start().Frames(1);
-  story.Run();
-  EXPECT_EQ(story.form.Width, 504 * 15 + 350);
-  EXPECT_EQ(story.form.PicBackbuff.ScaleSize(), (Size{500, 240}));
-}
-
 // --- themes that cannot be loaded ---
 
-TEST(Fallback, LoadsTheDefaultThemeOnceAndMakesItCurrent) {
+TEST(TheFallback, LoadsTheDefaultThemeOnceAndMakesItCurrent) {
   const struct {
     const char* what;
-    std::function<void(const fs::path&)> spoil;
+    const char* file;
+    std::optional<std::string> text;  // none: the file is missing
     Box box;
   } cases[] = {
-      {"no Theme.ini", [](const fs::path& f) { fs::remove(f / "Theme.ini"); }, Missing("Bad")},
-      {"no Theme2.ini", [](const fs::path& f) { fs::remove(f / "Theme2.ini"); }, Missing("Bad")},
-      {"no folder", [](const fs::path& f) { fs::remove_all(f); }, Missing("Bad")},
-      {"a folder in its place",
-       [](const fs::path& f) {
-         fs::remove(f / "Theme.ini");
-         fs::create_directory(f / "Theme.ini");
-       },
-       Missing("Bad")},
-      {"two that differ in case",
-       [](const fs::path& f) {
-         fs::rename(f / "Theme2.ini", f / "THEME2.INI");
-         WriteFile(f / "theme2.ini", "1,2");
-       },
-       Missing("Bad")},
-      {"no number", [](const fs::path& f) { WriteFile(f / "Theme.ini", "1\r\n2\r\nabc\r\n4\r\n"); },
-       Refused("Bad: Theme.ini, line 3: 'abc' is not a number")},
-      {"one number", [](const fs::path& f) { WriteFile(f / "Theme2.ini", "250\r\n"); },
-       Refused("Bad: Theme2.ini: fewer than two numbers")},
-      {"no bitmap", [](const fs::path& f) { WriteFile(f / "sm3.bmp", "hello"); },
-       Refused("Bad: sm3.bmp: not a bitmap that can be read")},
-      {"a bitmap cut short", [](const fs::path& f) { fs::resize_file(f / "bg.bmp", 5000); },
+      {"no Theme.ini", "Theme.ini", {}, Missing("Bad")},
+      {"no Theme2.ini", "Theme2.ini", {}, Missing("Bad")},
+      {"no folder", "", {}, Missing("Bad")},
+      {"no number", "Theme.ini", "1\r\n2\r\nabc\r\n4\r\n", Refused("Bad: Theme.ini, line 3: 'abc' is not a number")},
+      {"one number", "Theme2.ini", "250\r\n", Refused("Bad: Theme2.ini: fewer than two numbers")},
+      {"no bitmap", "sm3.bmp", "hello", Refused("Bad: sm3.bmp: not a bitmap that can be read")},
+      {"a bitmap cut short", "bg.bmp", BmpBytes(Bitmap({9, 9})).substr(0, 99),
        Refused("Bad: bg.bmp: not a bitmap that can be read")},
-      {"a kind the reader refuses",
-       [](const fs::path& f) {
-         std::string b = ReadWholeFile(f / "pS.bmp");
-         b[28] = 8;
-         WriteFile(f / "pS.bmp", b);
-       },
+      {"a kind the reader refuses", "pS.bmp", BmpBytes(Bitmap({9, 9})).replace(28, 1, "\x08"),
        Refused("Bad: pS.bmp: not a bitmap that can be read")},
-      {"a missing bitmap", [](const fs::path& f) { fs::remove(f / "cm4.bmp"); },
-       Refused("Bad: cm4.bmp: not found, or not a file that can be opened")},
+      {"a missing bitmap", "cm4.bmp", {}, Refused("Bad: cm4.bmp: not found, or not a file that can be opened")},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.what);
-    TestTheme bad = CupTheme(5, "Bad");
-    Story story({CupTheme(2), bad});
+    Story story({CupTheme(2), CupTheme(5, "Bad")});
     const std::string loaded = Snapshot(story);
-    c.spoil(story.ThemeFile("Theme.ini", "Bad").parent_path());
+    fs::remove_all(story.ThemeFile(c.file, "Bad"));
+    if (c.text) WriteFile(story.ThemeFile(c.file, "Bad"), *c.text);
     bool untouched = false;
     story.desktop.WhileBoxOpen = [&](const Box&) { untouched = Snapshot(story) == loaded; };
     Choose(story, "Bad");
-    EXPECT_EQ(story.desktop.Boxes, std::vector<Box>{c.box});
     EXPECT_TRUE(untouched) << "something changed before the box";
     EXPECT_EQ(story.state.ThemeName, "Theme1");
     EXPECT_EQ(Snapshot(story), loaded);
-    story.desktop.Boxes.clear();
-    story.Start().Frames(1);
-    story.Run();
-    EXPECT_TRUE(story.desktop.Boxes.empty()) << "the boxes came again at Start";
+    story.Start().Frames(1).Run();
+    EXPECT_EQ(story.desktop.Boxes, std::vector<Box>{c.box}) << "once, and not again at Start";
   }
 }
 
-TEST(Fallback, EndsWhenTheDefaultThemeFailsToo) {
+TEST(TheFallback, EndsWhenTheDefaultThemeFailsToo) {
   Story story({CupTheme(2), CupTheme(1, "Bad")});
   const std::string loaded = Snapshot(story);
   fs::remove(story.ThemeFile("Theme.ini", "Bad"));
-  const auto boxes = [&] {
+  const auto boxes = [&](const char* chosen) {
     story.desktop.Boxes.clear();
-    Choose(story, "Bad");
+    Choose(story, chosen);
     EXPECT_EQ(Snapshot(story), loaded);
     return story.desktop.Boxes;
   };
-  fs::rename(story.ThemeFile("Theme2.ini"), story.ThemeFile("away"));
-  EXPECT_EQ(boxes(), (std::vector<Box>{Missing("Bad"), Missing("Theme1"), kNoDefault}));
-  story.desktop.Boxes.clear();
-  Choose(story, "Theme1");
-  EXPECT_EQ(story.desktop.Boxes, (std::vector<Box>{Missing("Theme1"), kNoDefault}));
-  fs::rename(story.ThemeFile("away"), story.ThemeFile("Theme2.ini"));
   fs::resize_file(story.ThemeFile("bg.bmp"), 60);
-  EXPECT_EQ(boxes(),
+  EXPECT_EQ(boxes("Bad"),
             (std::vector<Box>{Missing("Bad"), Refused("Theme1: bg.bmp: not a bitmap that can be read"), kNoDefault}));
+  fs::remove(story.ThemeFile("Theme2.ini"));
+  EXPECT_EQ(boxes("Bad"), (std::vector<Box>{Missing("Bad"), Missing("Theme1"), kNoDefault}));
+  EXPECT_EQ(boxes("Theme1"), (std::vector<Box>{Missing("Theme1"), kNoDefault}));
   fs::remove(story.ThemeFile("Theme.ini"));
-  EXPECT_EQ(boxes(), (std::vector<Box>{Missing("Bad"), kNoDefault}));
+  EXPECT_EQ(boxes("Bad"), (std::vector<Box>{Missing("Bad"), kNoDefault}));
 }
 
-TEST(Fallback, WithNoThemeAtAllTheWindowStaysUsable) {
+TEST(TheFallback, WithNoThemeAtAllLeavesTheWindowUsable) {
   Story story(std::vector<TestTheme>{});
   EXPECT_EQ(story.desktop.Boxes, (std::vector<Box>{Missing("Theme1"), kNoDefault}));
-  EXPECT_EQ(story.form.PicCanvas.OuterSize(), (Size{320, 240}));
   EXPECT_EQ(story.form.Width, 5150);
   EXPECT_EQ(story.Rows()[9], "n|d|190");
-  story.Then([&] { story.form.Command1.Click(); });
-  story.Then([&] { EXPECT_EQ(story.desktop.FramesShown, 0); });
-  story.Then([&] { story.form.cmdShowHighscores.Click(); });
+  story.Then([&] { story.form.Command1.Click(); }).Frames(1).Then([&] { story.form.cmdShowHighscores.Click(); });
   EXPECT_EQ(story.Run(), Story::End::ScriptEnded);
+  EXPECT_EQ(story.desktop.FramesShown, 0);
   EXPECT_EQ(story.desktop.Boxes.size(), 5U);
   EXPECT_EQ(story.Rows()[9], "Nobody|00/00/00|100");
 }

@@ -85,23 +85,6 @@ TEST(Theme2Ini, HoldsTwoNumbers) {
   EXPECT_EQ(Refusal([] { ParseTarget("40000,1"); }), "Theme2.ini, line 1: '40000' is not between -32768 and 32767");
 }
 
-TEST(ThemeDetailsIni, KeepsCommasInQuotesOnly) {
-  const struct {
-    const char* text;
-    const char* description;
-    const char* date;
-  } cases[] = {{"\"Tubes, and more\"\r\n\"May 2026\"\r\n", "Tubes, and more", "May 2026"},
-               {"Tubes, and more\r\nMay 2026", "Tubes", "and more"},
-               {"only one", "only one", ""},
-               {"", "", ""},
-               {"\"a\r\nb\",c", "a\r\nb", "c"}};
-  for (const auto& c : cases) {
-    const Details details = ParseDetails(c.text);
-    EXPECT_EQ(details.description, c.description);
-    EXPECT_EQ(details.date, c.date);
-  }
-}
-
 TEST(BitmapCheck, RefusesSizesThatTheFileCannotHold) {
   const std::string good = BmpBytes(Bitmap({7, 5}, kWhite));
   const auto with = [&](std::size_t at, const std::string& bytes) {
@@ -164,21 +147,17 @@ TEST(BitmapCheck, KnowsTheShortHeader) {
   EXPECT_FALSE(DeclaredSize(core + std::string(20, 'x')));
 }
 
-// A reader like those of some systems, which take a file's word for its size.
-class TrustingDesktop : public HeadlessDesktop {
- public:
-  using HeadlessDesktop::HeadlessDesktop;
-  std::optional<Bitmap> DecodeBitmap(std::string_view) override { return Bitmap({8, 8}); }
-};
-
 TEST(BitmapCheck, ComesBeforeTheSystemsReader) {
+  struct : HeadlessDesktop {  // its reader takes a file's word for its size
+    using HeadlessDesktop::HeadlessDesktop;
+    std::optional<Bitmap> DecodeBitmap(std::string_view) override { return Bitmap({8, 8}); }
+  } desktop{"", ""};
   const TempFolder folder;
   WriteTheme(folder.Path(), CupTheme(1));
-  TrustingDesktop desktop(folder.Path().string(), (folder.Path() / "registry.reg").string());
   const std::filesystem::path theme = folder.Path() / "Theme1";
-  EXPECT_EQ(ReadTheme(desktop, theme.string()).pictures.size(), 1U);
+  EXPECT_EQ(ReadTheme(desktop, theme).pictures.size(), 1U);
   std::filesystem::resize_file(theme / "pM.bmp", 100);
-  EXPECT_EQ(Refusal([&] { ReadTheme(desktop, theme.string()); }), "pM.bmp: not a bitmap that can be read");
+  EXPECT_EQ(Refusal([&] { ReadTheme(desktop, theme); }), "pM.bmp: not a bitmap that can be read");
 }
 
 }  // namespace
