@@ -184,7 +184,7 @@ TEST(ClosingTheWindow, EndsTheProgramInEveryStateWithNothingRecorded) {
 TEST(AnErrorInTheLoop, IsShownAndEndsTheGameWithoutAReport) {
   const std::function<void(Story&)> errors[] = {
       [](Story& story) { story.state.ItemX(0) = -30000, story.state.ContX(0) = 30000; },
-      [](Story& story) { story.desktop.Now -= 2147483647; },
+      [](Story& story) { story.desktop.Now = 2147483647; },
       [](Story& story) { story.form.PicCanvas.MouseDown(kLeftButton, 0, 40000, 0); },
       [](Story& story) {
         story.state.ContX(0) = 32765;  // no Integer holds the rest place
