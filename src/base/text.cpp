@@ -75,6 +75,13 @@ std::size_t Utf16Length(std::string_view utf8) {
   return length;
 }
 
+std::string TypedLine(std::string_view text) {
+  for (const std::string_view lineBreak : {"\r", "\n", "\u2028", "\u2029"}) text = text.substr(0, text.find(lineBreak));
+  std::string line(text);
+  std::erase_if(line, [](char c) { return (c >= 0 && c < 0x20) || c == 0x7F; });
+  return line;
+}
+
 bool EqualIgnoringCase(std::string_view a, std::string_view b) {
   const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
   return std::ranges::equal(a, b, {}, lower, lower);

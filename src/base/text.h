@@ -17,6 +17,9 @@ bool IsValidUtf8(std::string_view text);
 /// How many UTF-16 code units `utf8` (valid UTF-8) has.
 std::size_t Utf16Length(std::string_view utf8);
 
+/// What can be typed on one line: `text` (valid UTF-8) up to its first line break, without control characters.
+std::string TypedLine(std::string_view text);
+
 /// Equality without regard to the case of the letters A to Z.
 bool EqualIgnoringCase(std::string_view a, std::string_view b);
 

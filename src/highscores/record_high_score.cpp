@@ -3,6 +3,7 @@
 #include "highscores/record_high_score.h"
 
 #include "base/numbers.h"
+#include "base/text.h"
 #include "highscores/highscore_table.h"
 
 namespace sorvex {
@@ -23,7 +24,8 @@ void RecordHighScore(Desktop& desktop, frmMain& form, const std::string& themeNa
   const std::string timeText = NumberText(time);
   const int place = PlaceOf(form, timeText);
   if (place < 0) return;
-  const std::string name = desktop.InputBox("What is your name?", "You got a highscore");
+  // What was pasted may hold more than can be typed.
+  const std::string name = TypedLine(desktop.InputBox("What is your name?", "You got a highscore"));
   for (int row = kHighScoreRows - 1; row > place; --row) SetHighScore(desktop, form, row, HighScoreAt(form, row - 1));
   SetHighScore(desktop, form, place, {name, desktop.ShortDate(), timeText});
   SaveHighScores(desktop, form, themeName);

@@ -80,17 +80,17 @@ void Label::FitToText(Desktop& desktop) {
   Height = static_cast<float>(size.height);
 }
 
-Size ClientSize(const Form& form, Size twipsPerPixel) {
+Size ClientSize(const Form& form, TwipRatio twipsPerPixel) {
   const FrameMetrics frame = MetricsOf(form.Border);
-  const int width = ToPixels(form.Width / static_cast<float>(twipsPerPixel.width));
-  const int height = ToPixels(form.Height / static_cast<float>(twipsPerPixel.height));
+  const int width = ToPixels(form.Width / twipsPerPixel.across);
+  const int height = ToPixels(form.Height / twipsPerPixel.down);
   return {std::max(0, width - 2 * frame.side), std::max(0, height - frame.top - frame.side)};
 }
 
-void SetClientSize(Form& form, Size client, Size twipsPerPixel) {
+void SetClientSize(Form& form, Size client, TwipRatio twipsPerPixel) {
   const FrameMetrics frame = MetricsOf(form.Border);
-  form.Width = static_cast<float>((client.width + 2 * frame.side) * twipsPerPixel.width);
-  form.Height = static_cast<float>((client.height + frame.top + frame.side) * twipsPerPixel.height);
+  form.Width = static_cast<float>(client.width + 2 * frame.side) * twipsPerPixel.across;
+  form.Height = static_cast<float>(client.height + frame.top + frame.side) * twipsPerPixel.down;
 }
 
 Rectangle PixelBounds(const Control& control) {

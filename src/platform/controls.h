@@ -237,10 +237,16 @@ struct Form {
   std::vector<Control*> Controls;
 };
 
+/// Twips (1/1440 inch) a pixel, across and down: 15 at 96 dots per inch.
+struct TwipRatio {
+  float across = 15;
+  float down = 15;
+};
+
 /// The client area, in pixels, that follows from a form's outer size in twips.
-Size ClientSize(const Form& form, Size twipsPerPixel);
+Size ClientSize(const Form& form, TwipRatio twipsPerPixel);
 /// Sets the outer size in twips so that the client area has `client` pixels.
-void SetClientSize(Form& form, Size client, Size twipsPerPixel);
+void SetClientSize(Form& form, Size client, TwipRatio twipsPerPixel);
 
 /// The control's rectangle in its container, in whole pixels.
 Rectangle PixelBounds(const Control& control);

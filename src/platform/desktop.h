@@ -74,8 +74,8 @@ class Desktop {
   virtual Size MeasureText(const Font& font, const std::string& text, int wrapWidth) = 0;
   /// What a system colour is; an RGB colour comes back as it is.
   virtual Pixel ResolveColor(Color color) = 0;
-  /// Twips a pixel, across and down (15 at 96 dots per inch).
-  virtual Size TwipsPerPixel() = 0;
+  /// Twips a pixel of the screen.
+  virtual TwipRatio TwipsPerPixel() = 0;
 
   // The surroundings
   /// Milliseconds since the system started, as a 32-bit value read as signed.

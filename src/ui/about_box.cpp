@@ -51,7 +51,7 @@ void Form_Load(Desktop& desktop, frmAbout& form) {
   form.lblTit.SetCaption(desktop, version.Title);
   if (form.lblTit.Width > form.lblComments.Width) {
     form.lblTit.Left = 0;
-    form.lblTit.Width = form.Width / static_cast<float>(desktop.TwipsPerPixel().width);
+    form.lblTit.Width = form.Width / desktop.TwipsPerPixel().across;
   }
   form.lblVersion.SetCaption(desktop, VersionText(version));
   form.lblComments.SetCaption(desktop, version.Comments);
@@ -81,11 +81,11 @@ void Timer1_Timer(Desktop& desktop, frmAbout& form) {
     return;
   }
   const ScreenPoint pointer = desktop.PointerPosition();
-  const Size twips = desktop.TwipsPerPixel();
+  const TwipRatio twips = desktop.TwipsPerPixel();
   // The logo is placed in the client area by a place measured from the window's outer corner: its centre stands below
   // and to the right of the pointer by the frame's size.
-  const float x = static_cast<float>(pointer.x) - form.Left / static_cast<float>(twips.width);
-  const float y = static_cast<float>(pointer.y) - form.Top / static_cast<float>(twips.height);
+  const float x = static_cast<float>(pointer.x) - form.Left / twips.across;
+  const float y = static_cast<float>(pointer.y) - form.Top / twips.down;
   form.imgLogo.Left = x - form.imgLogo.Width / 2;
   form.imgLogo.Top = y - form.imgLogo.Height / 2;
 }

@@ -6,7 +6,7 @@
 
 namespace sorvex {
 
-frmAbout::frmAbout(Size twipsPerPixel) {
+frmAbout::frmAbout(TwipRatio twipsPerPixel) {
   constexpr Color yellow = Rgb(255, 255, 0);
   constexpr Color red = Rgb(255, 0, 0);
   constexpr Color blue = Rgb(0, 0, 255);

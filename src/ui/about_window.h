@@ -8,7 +8,7 @@ namespace sorvex {
 
 struct frmAbout : Form {
   /// Lays the window out for a desktop with `twipsPerPixel`.
-  explicit frmAbout(Size twipsPerPixel);
+  explicit frmAbout(TwipRatio twipsPerPixel);
 
   Image imgLogo;
   Label lblTit;

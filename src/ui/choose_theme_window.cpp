@@ -6,7 +6,7 @@
 
 namespace sorvex {
 
-frmChooseTheme::frmChooseTheme(Size twipsPerPixel) {
+frmChooseTheme::frmChooseTheme(TwipRatio twipsPerPixel) {
   Name = "frmChooseTheme";
   Caption = "Choose a theme";
   Border = FormBorder::FixedDialog;

@@ -8,7 +8,7 @@ namespace sorvex {
 
 struct frmChooseTheme : Form {
   /// Lays the window out for a desktop with `twipsPerPixel`.
-  explicit frmChooseTheme(Size twipsPerPixel);
+  explicit frmChooseTheme(TwipRatio twipsPerPixel);
 
   ListBox List1;
   CommandButton OKButton;

@@ -11,9 +11,7 @@ namespace {
 
 // Positions are single-precision and are not rounded here; fractions of a twip matter to nobody.
 void LayOut(Desktop& desktop, frmMain& form) {
-  const Size twipsPerPixel = desktop.TwipsPerPixel();
-  const auto across = static_cast<float>(twipsPerPixel.width);
-  const auto down = static_cast<float>(twipsPerPixel.height);
+  const auto [across, down] = desktop.TwipsPerPixel();
   form.Width = across * form.PicCanvas.Width + 350;
   form.Height = 2 * down * form.Command1.Height + down * form.PicCanvas.Height + 225;
   form.picHighScores.Left = 8;

@@ -129,7 +129,7 @@ TEST(ANewTime, TakesTheLowestRowWithAGreaterOne) {
       {"text without a number counts as 0", {"abc", "x", "99"}, 37, 2, "37"},
   };
   Story story;
-  story.desktop.TypeName = [] { return "Ann"; };
+  story.desktop.TypeName = [] { return "A\tnn\xE2\x80\xA8 pasted"; };
   for (const auto& c : cases) {
     WriteFile(story.ThemeFile("HighScores.ini"), HighScoreFile(c.times));
     LoadHighScores(story.desktop, story.form, "Theme1");

@@ -56,12 +56,12 @@ TEST(MainWindow, SurfacesHaveTheirDesignedDrawingArea) {
 TEST(MainWindow, IsLaidOutByTheFieldAndTheTwips) {
   const struct {
     Size field;
-    int twips;
-    float width, height, row, start, scores, about, folder;
+    float twips, width, height, row, start, scores, about, folder;
   } cases[] = {
       {{316, 236}, 15, 5150, 4815, 255, 49, 198.444F, 159, 304.444F},
       {{636, 250}, 15, 9950, 5025, 269, 49, 305.111F, 159, 411.111F},
       {{316, 236}, 12, 4190, 3897, 255, 59.25F, 210.639F, 169.25F, 316.639F},
+      {{316, 236}, 7.5F, 2750, 2520, 255, 90, 247.222F, 200, 353.222F},
   };
   for (const auto& c : cases) {
     TestTheme theme = CupTheme(1);

@@ -32,7 +32,7 @@ class HeadlessDesktop : public Desktop {
   std::deque<std::function<void()>> Script;
   Long Now = 1000000;                ///< the tick count
   Long MillisecondsPerDelivery = 0;  ///< how far each delivery moves the tick count, before anything else
-  Size Twips{15, 15};
+  TwipRatio Twips;
   std::string Today = "03/14/26";
   ScreenPoint Pointer;
   bool KeepFrames = false;                   ///< collect Frames
@@ -78,7 +78,7 @@ class HeadlessDesktop : public Desktop {
   Picture BuiltInPicture(BuiltIn which) override;
   Size MeasureText(const Font& font, const std::string& text, int wrapWidth) override;
   Pixel ResolveColor(Color color) override;
-  Size TwipsPerPixel() override { return Twips; }
+  TwipRatio TwipsPerPixel() override { return Twips; }
 
   Long TickCount() override { return Now; }
   ScreenPoint PointerPosition() override { return Pointer; }

@@ -4,7 +4,6 @@
 
 #include <QDialogButtonBox>
 #include <QLabel>
-#include <QRegularExpression>
 #include <QVBoxLayout>
 
 #include "platform/qt/text.h"
@@ -50,11 +49,6 @@ InputDialog::InputDialog(const std::string& prompt, const std::string& title, QW
   layout->setSizeConstraint(QLayout::SetFixedSize);
 }
 
-std::string InputDialog::Answer() const {
-  if (result() != Accepted) return {};
-  // What was pasted may hold more than can be typed.
-  const QString line = field_->text().section(QRegularExpression(QStringLiteral("[\\r\\n\\x{2028}\\x{2029}]")), 0, 0);
-  return FromQt(QString(line).remove(QRegularExpression(QStringLiteral("[\\x{0}-\\x{1f}\\x{7f}]"))));
-}
+std::string InputDialog::Answer() const { return result() == Accepted ? FromQt(field_->text()) : std::string(); }
 
 }  // namespace sorvex

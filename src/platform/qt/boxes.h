@@ -22,7 +22,7 @@ class InputDialog final : public QDialog {
  public:
   InputDialog(const std::string& prompt, const std::string& title, QWidget* parent);
 
-  /// The line that was typed, without control characters; empty unless OK was chosen.
+  /// The text that was typed or pasted; empty unless OK was chosen.
   std::string Answer() const;
 
  private:

@@ -181,9 +181,9 @@ void FormWindow::CenterOnOwner() {
 
 void FormWindow::KeepPosition() {
   const FrameMetrics frame = MetricsOf(context_.form.Border);
-  const Size twips = context_.desktop.TwipsPerPixel();
-  context_.form.Left = static_cast<float>((geometry().left() - frame.side) * twips.width);
-  context_.form.Top = static_cast<float>((geometry().top() - frame.top) * twips.height);
+  const TwipRatio twips = context_.desktop.TwipsPerPixel();
+  context_.form.Left = static_cast<float>(geometry().left() - frame.side) * twips.across;
+  context_.form.Top = static_cast<float>(geometry().top() - frame.top) * twips.down;
 }
 
 void FormWindow::Focus(const Control* control) {

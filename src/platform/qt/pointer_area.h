@@ -8,8 +8,8 @@
 
 #include "platform/controls.h"
 #include "platform/desktop.h"
+#include "platform/handlers.h"
 #include "platform/input.h"
-#include "platform/qt/handlers.h"
 
 class QHelpEvent;
 class QMouseEvent;

@@ -127,7 +127,7 @@ void QtDesktop::Show(Form& form, Form* owner) {
 }
 
 void QtDesktop::DeliverEvents(int patience) {
-  handlers_.Serve(nullptr, [&] {
+  handlers_.Serve([&] {
     Sync();
     for (std::size_t i = 0; i < shown_.size(); ++i) shown_[i]->window.RunTimers();
     QAbstractEventDispatcher& events = *QAbstractEventDispatcher::instance();
@@ -174,12 +174,13 @@ void QtDesktop::Sync() {
 }
 
 void QtDesktop::Wait(QEventLoop& loop, const std::function<void()>& begin) {
-  handlers_.Serve(&loop, [&] {
+  const auto wait = [&] {
     for (std::size_t i = 0; i < shown_.size(); ++i) shown_[i]->window.LosePointer();
     Sync();
     if (!handlers_.Leaving()) begin();
     if (!handlers_.Leaving()) loop.exec();
-  });
+  };
+  handlers_.Serve(wait, [&loop] { loop.quit(); });
 }
 
 void QtDesktop::RunDialog(QDialog& dialog) {
@@ -212,7 +213,7 @@ Size QtDesktop::MeasureText(const Font& font, const std::string& text, int wrapW
 
 Pixel QtDesktop::ResolveColor(Color color) { return Resolve(color); }
 
-Size QtDesktop::TwipsPerPixel() {
+TwipRatio QtDesktop::TwipsPerPixel() {
   // The toolkit scales its pixels by what the screen asks for, so one is always 1/96 inch.
   return {15, 15};
 }

@@ -10,8 +10,8 @@
 #include <vector>
 
 #include "platform/desktop.h"
+#include "platform/handlers.h"
 #include "platform/posix/registry_file.h"
-#include "platform/qt/handlers.h"
 #include "platform/qt/sounds.h"
 #include "platform/qt/termination_signals.h"
 
@@ -36,7 +36,7 @@ class QtDesktop final : public Desktop {
   Picture BuiltInPicture(BuiltIn which) override;
   Size MeasureText(const Font& font, const std::string& text, int wrapWidth) override;
   Pixel ResolveColor(Color color) override;
-  Size TwipsPerPixel() override;
+  TwipRatio TwipsPerPixel() override;
 
   Long TickCount() override;
   ScreenPoint PointerPosition() override;

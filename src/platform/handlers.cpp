@@ -1,16 +1,14 @@
 // SPDX-License-Identifier: MIT
-// Keeping what handlers throw until the toolkit's frames are left.
-#include "platform/qt/handlers.h"
-
-#include <QEventLoop>
+// Keeping what handlers throw until the window system's frames are left.
+#include "platform/handlers.h"
 
 #include "platform/desktop.h"
 
 namespace sorvex {
 
-void Handlers::Serve(QEventLoop* loop, const std::function<void()>& deliver) {
+void Handlers::Serve(const std::function<void()>& deliver, const std::function<void()>& leave) {
   if (ended_) throw ProgramEnded{};
-  Call call{loop, innermost_, nullptr};
+  Call call{leave, innermost_, nullptr};
   const struct Entered {
     Entered(Call*& slot, Call& call) : slot(slot) { slot = &call; }
     ~Entered() { slot = slot->outer; }
@@ -30,14 +28,14 @@ void Handlers::Run(const std::function<void()>& handler) {
     EndProgram();
   } catch (...) {
     if (!innermost_->error) innermost_->error = std::current_exception();
-    if (innermost_->loop != nullptr) innermost_->loop->quit();
+    if (innermost_->leave) innermost_->leave();
   }
 }
 
 void Handlers::EndProgram() {
   ended_ = true;
   for (const Call* call = innermost_; call != nullptr; call = call->outer)
-    if (call->loop != nullptr) call->loop->quit();
+    if (call->leave) call->leave();
 }
 
 }  // namespace sorvex

@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: MIT
-// Running the game's handlers from the toolkit's callbacks. No exception may cross the toolkit's frames: what a handler
-// throws is kept and leaves the call that serves the events.
+// Running the game's handlers from a window system's callbacks. No exception may cross the system's frames: what a
+// handler throws is kept and leaves the call that serves the events.
 #pragma once
 
 #include <exception>
 #include <functional>
-
-class QEventLoop;
+#include <utility>
 
 namespace sorvex {
 
@@ -15,9 +14,9 @@ class Handlers {
   /// `afterwards` runs after every handler.
   explicit Handlers(std::function<void()> afterwards) : afterwards_(std::move(afterwards)) {}
 
-  /// Runs `deliver`, which delivers events; `loop` is the loop that it waits in, null when it does not wait. Throws
-  /// what the first failing handler threw meanwhile, ProgramEnded before all else.
-  void Serve(QEventLoop* loop, const std::function<void()>& deliver);
+  /// Runs `deliver`, which delivers events; `leave` makes it return when it waits in a loop of its own. Throws what the
+  /// first failing handler threw meanwhile, ProgramEnded before all else.
+  void Serve(const std::function<void()>& deliver, const std::function<void()>& leave = nullptr);
 
   /// Runs a handler. Does nothing outside Serve, and nothing once the program has ended.
   void Run(const std::function<void()>& handler);
@@ -31,7 +30,7 @@ class Handlers {
 
  private:
   struct Call {
-    QEventLoop* loop;
+    const std::function<void()>& leave;
     Call* outer;
     std::exception_ptr error;
   };
