@@ -3,6 +3,7 @@
 #include "platform/input.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
 
 namespace sorvex {
@@ -106,6 +107,14 @@ std::vector<Control*> TabOrder(const Form& form) {
                        [](const Control* control) { return control->TabIndex >= 0 && IsShown(*control); });
   std::ranges::sort(order, {}, &Control::TabIndex);
   return order;
+}
+
+Control* NextInTabOrder(const Form& form, const Control* focus, bool forward) {
+  const std::vector<Control*> order = TabOrder(form);
+  if (order.empty()) return nullptr;
+  const auto count = static_cast<std::ptrdiff_t>(order.size());
+  const auto place = std::ranges::find(order, focus) - order.begin();
+  return order[static_cast<std::size_t>(place == count ? 0 : (place + (forward ? 1 : count - 1)) % count)];
 }
 
 CommandButton* ButtonForEnter(const Form& form, const Control* focus) {

@@ -42,6 +42,8 @@ class PointerInput {
 
 /// The controls that Tab visits now, in order.
 std::vector<Control*> TabOrder(const Form& form);
+/// Where Tab (or Shift+Tab) leads from `focus` (may be null): null when there is nowhere to go.
+Control* NextInTabOrder(const Form& form, const Control* focus, bool forward);
 /// What Enter activates while `focus` (may be null) has the focus: that button, else the default one; null: nothing.
 CommandButton* ButtonForEnter(const Form& form, const Control* focus);
 /// What Esc activates: the shown cancel button, null: nothing.

@@ -13,30 +13,15 @@
 #include <algorithm>
 #include <cmath>
 #include <cstring>
-#include <optional>
 #include <string>
 #include <vector>
 
 #include "platform/qt/built_ins.h"
 #include "platform/qt/text.h"
+#include "platform/shown.h"
 
 namespace sorvex {
 namespace {
-
-/// The value that a widget shows of a property.
-template <class T>
-class Shown {
- public:
-  /// True when `value` is not what is shown; from then on it counts as shown.
-  bool Take(const T& value) {
-    if (value_ == value) return false;
-    value_ = value;
-    return true;
-  }
-
- private:
-  std::optional<T> value_;
-};
 
 QRect ToQt(const Rectangle& r) { return {r.left, r.top, r.Width(), r.Height()}; }
 
@@ -69,7 +54,7 @@ class SurfaceWidget final : public PointerArea, public ControlWidget {
 
   void Sync() override {
     Place(*this, control_, ToQt(PixelBounds(control_)));
-    if (look_.Take(CurrentLook()) || paintOwed_) update();
+    if (look_.Take(LookOf(control_)) || paintOwed_) update();
   }
 
  protected:
@@ -83,20 +68,6 @@ class SurfaceWidget final : public PointerArea, public ControlWidget {
   }
 
  private:
-  // What tells that another image is to be shown. Drawing on the same image is shown by a refresh.
-  struct Look {
-    const Pixel* pixels;
-    const PictureData* picture;
-    Size size;
-    Color background;
-    bool operator==(const Look&) const = default;
-  };
-
-  Look CurrentLook() const {
-    const Bitmap& image = control_.Image();
-    return {image.Pixels().data(), control_.PictureObject().get(), image.Extent(), control_.BackColor};
-  }
-
   void RaisePaint() {
     if (control_.AutoRedraw || !control_.Paint) return;
     paintOwed_ = !context_.handlers.MayRun();
@@ -166,7 +137,7 @@ class SurfaceWidget final : public PointerArea, public ControlWidget {
   }
 
   PictureBox& control_;
-  Shown<Look> look_;
+  Shown<SurfaceLook> look_;
   QImage scaled_;
   std::vector<int> columns_;  // for each of scaled_: the image's
   bool paintOwed_ = false;    // painted while no handler could run: the Paint event is still to come

@@ -56,8 +56,7 @@ void FormWindow::Sync() {
 
 void FormWindow::Open() {
   Sync();
-  const std::vector<Control*> order = TabOrder(context_.form);
-  if (!order.empty()) Focus(order.front());
+  Focus(NextInTabOrder(context_.form, nullptr, true));
   if (context_.form.CenterOnOwner && owner_ != nullptr) CenterOnOwner();
   show();
   windowHandle()->installEventFilter(this);
@@ -208,13 +207,9 @@ void FormWindow::MarkButtonForEnter() {
 }
 
 bool FormWindow::focusNextPrevChild(bool next) {
-  const std::vector<Control*> order = TabOrder(context_.form);
-  if (order.empty()) return false;
-  const auto count = static_cast<std::ptrdiff_t>(order.size());
-  const auto place = std::ranges::find(order, FocusedControl()) - order.begin();
-  const std::ptrdiff_t step = next ? 1 : count - 1;
-  Focus(order[static_cast<std::size_t>(place == count ? 0 : (place + step) % count)]);
-  return true;
+  Control* control = NextInTabOrder(context_.form, FocusedControl(), next);
+  Focus(control);
+  return control != nullptr;
 }
 
 bool FormWindow::event(QEvent* event) {
