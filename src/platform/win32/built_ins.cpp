@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: MIT
+// Resources as icons, pointer shapes and pictures.
+#include "platform/win32/built_ins.h"
+
+#include <map>
+#include <memory>
+#include <string_view>
+#include <type_traits>
+#include <utility>
+
+#include "platform/win32/pictures.h"
+#include "platform/win32/resources.h"
+
+namespace sorvex {
+namespace {
+
+struct IconDeleter {
+  void operator()(HICON icon) const { ::DestroyIcon(icon); }
+};
+using IconHandle = std::unique_ptr<std::remove_pointer_t<HICON>, IconDeleter>;
+
+// The resource's number among those of its kind.
+WORD ResourceOf(BuiltIn which) {
+  switch (which) {
+    case BuiltIn::None: return 0;
+    case BuiltIn::WindowIcon: return IDI_WINDOW;
+    case BuiltIn::HighScoresPanel: return IDR_HIGH_SCORES;
+    case BuiltIn::Canvas: return IDR_CANVAS;
+    case BuiltIn::FolderIcon: return IDI_FOLDER;
+    case BuiltIn::AboutIcon: return IDI_ABOUT;
+    case BuiltIn::InfoHandCursor: return IDC_INFO_HAND;
+    case BuiltIn::LinkHandCursor: return IDC_LINK_HAND;
+    case BuiltIn::Logo: return IDR_LOGO;
+  }
+  return 0;
+}
+
+bool IsIcon(BuiltIn which) {
+  return which == BuiltIn::WindowIcon || which == BuiltIn::FolderIcon || which == BuiltIn::AboutIcon;
+}
+
+std::string_view BytesOf(BuiltIn which) {
+  const HRSRC resource = ::FindResourceW(nullptr, MAKEINTRESOURCEW(ResourceOf(which)), RT_RCDATA);
+  if (resource == nullptr) return {};
+  const HGLOBAL data = ::LoadResource(nullptr, resource);
+  return {static_cast<const char*>(::LockResource(data)), ::SizeofResource(nullptr, resource)};
+}
+
+IconHandle LoadIconImage(BuiltIn which, int size) {
+  return IconHandle(static_cast<HICON>(::LoadImageW(::GetModuleHandleW(nullptr), MAKEINTRESOURCEW(ResourceOf(which)),
+                                                    IMAGE_ICON, size, size, LR_DEFAULTCOLOR)));
+}
+
+}  // namespace
+
+HICON BuiltInIcon(BuiltIn which, int size) {
+  if (!IsIcon(which)) return nullptr;
+  // Not LR_SHARED: the system shares one image of an icon, whatever size is asked for.
+  static std::map<std::pair<BuiltIn, int>, IconHandle> icons;
+  IconHandle& icon = icons[{which, size}];
+  if (!icon) icon = LoadIconImage(which, size);
+  return icon.get();
+}
+
+HCURSOR BuiltInCursor(BuiltIn which) {
+  if (which == BuiltIn::None) return ::LoadCursorW(nullptr, IDC_ARROW);
+  return ::LoadCursorW(::GetModuleHandleW(nullptr), MAKEINTRESOURCEW(ResourceOf(which)));
+}
+
+Picture BuiltInPicture(BuiltIn which) { return MakePicture(DecodePicture(BytesOf(which)).value_or(Bitmap())); }
+
+void PaintBuiltIn(HDC context, const Rectangle& place, BuiltIn which) {
+  if (IsIcon(which))
+    ::DrawIconEx(context, place.left, place.top, BuiltInIcon(which, place.Width()), place.Width(), place.Height(), 0,
+                 nullptr, DI_NORMAL);
+  else
+    PaintPicture(context, place, BytesOf(which));
+}
+
+}  // namespace sorvex

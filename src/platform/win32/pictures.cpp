@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: MIT
+// Loading and painting through OLE's picture object.
+#include "platform/win32/pictures.h"
+
+#include <ocidl.h>
+#include <ole2.h>
+#include <olectl.h>
+#include <shlwapi.h>
+
+#include <algorithm>
+#include <memory>
+
+namespace sorvex {
+namespace {
+
+struct Releaser {
+  void operator()(IUnknown* object) const { object->Release(); }
+};
+using PictureObject = std::unique_ptr<IPicture, Releaser>;
+
+struct ContextDeleter {
+  void operator()(HDC context) const { ::DeleteDC(context); }
+};
+
+PictureObject Load(std::string_view bytes) {
+  const auto size = static_cast<UINT>(bytes.size());
+  const std::unique_ptr<IStream, Releaser> stream(
+      ::SHCreateMemStream(reinterpret_cast<const BYTE*>(bytes.data()), size));
+  void* picture = nullptr;
+  if (!stream || FAILED(::OleLoadPicture(stream.get(), static_cast<LONG>(size), FALSE, IID_IPicture, &picture)))
+    return nullptr;
+  return PictureObject(static_cast<IPicture*>(picture));
+}
+
+// The picture's own bitmap, null when it is none. Handles of GDI have 32 significant bits.
+HBITMAP BitmapOf(IPicture& picture) {
+  SHORT type = PICTYPE_UNINITIALIZED;
+  OLE_HANDLE handle = 0;
+  if (FAILED(picture.get_Type(&type)) || type != PICTYPE_BITMAP || FAILED(picture.get_Handle(&handle))) return nullptr;
+  return reinterpret_cast<HBITMAP>(static_cast<INT_PTR>(static_cast<int>(handle)));
+}
+
+}  // namespace
+
+OleSession::OleSession() : started_(SUCCEEDED(::OleInitialize(nullptr))) {}
+
+OleSession::~OleSession() {
+  if (started_) ::OleUninitialize();
+}
+
+std::optional<Bitmap> DecodePicture(std::string_view bytes) {
+  const PictureObject picture = Load(bytes);
+  const HBITMAP source = picture ? BitmapOf(*picture) : nullptr;
+  BITMAP facts{};
+  if (source == nullptr || ::GetObjectW(source, sizeof facts, &facts) == 0 || facts.bmWidth <= 0 || facts.bmHeight <= 0)
+    return std::nullopt;
+  Bitmap pixels({static_cast<int>(facts.bmWidth), static_cast<int>(facts.bmHeight)});
+  BITMAPINFO wanted{};
+  wanted.bmiHeader.biSize = sizeof wanted.bmiHeader;
+  wanted.bmiHeader.biWidth = facts.bmWidth;
+  wanted.bmiHeader.biHeight = -facts.bmHeight;  // rows from the top
+  wanted.bmiHeader.biPlanes = 1;
+  wanted.bmiHeader.biBitCount = 32;
+  const std::unique_ptr<std::remove_pointer_t<HDC>, ContextDeleter> context(::CreateCompatibleDC(nullptr));
+  const auto rows = static_cast<UINT>(facts.bmHeight);
+  if (::GetDIBits(context.get(), source, 0, rows, pixels.Row(0), &wanted, DIB_RGB_COLORS) != facts.bmHeight)
+    return std::nullopt;
+  std::for_each_n(pixels.Row(0), pixels.Pixels().size(), [](Pixel& pixel) { pixel |= kBlack; });
+  return pixels;
+}
+
+void PaintPicture(HDC context, const Rectangle& place, std::string_view bytes) {
+  const PictureObject picture = Load(bytes);
+  OLE_XSIZE_HIMETRIC width = 0;
+  OLE_YSIZE_HIMETRIC height = 0;
+  if (!picture || FAILED(picture->get_Width(&width)) || FAILED(picture->get_Height(&height))) return;
+  // The picture's own rows count from below.
+  picture->Render(context, place.left, place.top, place.Width(), place.Height(), 0, height, width, -height, nullptr);
+}
+
+}  // namespace sorvex

@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: MIT
+// Numbers of the program's resources. The resource compiler reads this too and knows no constants but macros.
+#pragma once
+
+// The first icon is the program's own in the shell.
+#define IDI_WINDOW 1
+#define IDI_FOLDER 2
+#define IDI_ABOUT 3
+#define IDC_INFO_HAND 1
+#define IDC_LINK_HAND 2
+#define IDR_HIGH_SCORES 1
+#define IDR_CANVAS 2
+#define IDR_LOGO 3
+
+// The text-input dialog; its buttons are IDOK and IDCANCEL.
+#define IDD_INPUT_BOX 1
+#define IDC_PROMPT 100
+#define IDC_ANSWER 101
