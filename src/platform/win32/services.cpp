@@ -2,9 +2,9 @@
 // Clock, pointer, sounds, addresses, date, folder, registry.
 #include "platform/win32/services.h"
 
+#include <windows.h>
 #include <mmsystem.h>
 #include <shellapi.h>
-#include <windows.h>
 
 #include <algorithm>
 #include <string_view>
