@@ -1,0 +1,180 @@
+// SPDX-License-Identifier: MIT
+// Surfaces, buttons and lists as native windows.
+#include "platform/win32/control_windows.h"
+
+#include <algorithm>
+#include <string>
+#include <system_error>
+#include <vector>
+
+#include "platform/shown.h"
+#include "platform/win32/painting.h"
+#include "platform/win32/text.h"
+
+namespace sorvex {
+namespace {
+
+// The face of buttons and lists; it fits them as they are designed.
+const Font kControlFont{"Arial", 9.75F};
+
+// Moves the window to the control's bounds and gives it the control's visibility.
+void Place(HWND window, const Control& control, Shown<Rectangle>& bounds, Shown<bool>& visible) {
+  const int frame = control.Container == nullptr ? 0 : FrameWidth(control.Container->BorderStyle);
+  const Rectangle place = PixelBounds(control).Moved(frame, frame);
+  if (bounds.Take(place))
+    ::SetWindowPos(window, nullptr, place.left, place.top, place.Width(), place.Height(),
+                   SWP_NOZORDER | SWP_NOACTIVATE);
+  if (visible.Take(control.Visible)) ::ShowWindow(window, control.Visible ? SW_SHOWNA : SW_HIDE);
+}
+
+class SurfaceWindow final : public PointerArea, public ControlWindow {
+ public:
+  SurfaceWindow(PictureBox& surface, FormContext& context, HWND parent)
+      : PointerArea(context, &surface), ControlWindow(surface), control_(surface) {
+    Create(WS_CHILD | WS_CLIPCHILDREN | WS_CLIPSIBLINGS, 0, parent);
+    canvas_ = ::GetDC(Handle());
+  }
+
+  HWND Window() const override { return Handle(); }
+
+  void Sync() override {
+    Place(Handle(), control_, bounds_, visible_);
+    if (look_.Take(LookOf(control_)) || paintOwed_) ::InvalidateRect(Handle(), nullptr, FALSE);
+  }
+
+  void Show(std::span<const Rectangle> changed) override {
+    const int frame = FrameWidth(control_.BorderStyle);
+    const bool painted = ::GetUpdateRect(Handle(), nullptr, FALSE) == 0 && !HoldsPaintedControls();
+    for (const Rectangle& box : changed) {
+      if (painted) {
+        ShowPixels(canvas_, control_.Image(), Intersection(box, control_.Image().Bounds()), frame, frame);
+        continue;
+      }
+      const RECT part{box.left + frame, box.top + frame, box.right + frame, box.bottom + frame};
+      ::InvalidateRect(Handle(), &part, FALSE);
+    }
+    if (!painted) ::UpdateWindow(Handle());
+    ::GdiFlush();
+  }
+
+ protected:
+  LRESULT Receive(UINT message, WPARAM first, LPARAM second) override {
+    if (message == WM_PAINT) RaisePaint();
+    return PointerArea::Receive(message, first, second);
+  }
+
+ private:
+  void RaisePaint() {
+    if (control_.AutoRedraw || !control_.Paint) return;
+    paintOwed_ = !context_.handlers.MayRun();
+    context_.handlers.Run(control_.Paint);
+  }
+
+  bool HoldsPaintedControls() const {
+    return std::ranges::any_of(context_.form.Controls, [this](const Control* control) {
+      return control->Container == &control_ && control->Visible && IsPainted(*control);
+    });
+  }
+
+  PictureBox& control_;
+  HDC canvas_ = nullptr;  // the window's own
+  Shown<Rectangle> bounds_;
+  Shown<bool> visible_;
+  Shown<SurfaceLook> look_;
+  bool paintOwed_ = false;  // painted while no handler could run: the Paint event is still to come
+};
+
+/// One of the system's own controls.
+class SystemControl : public ControlWindow {
+ public:
+  SystemControl(Control& control, HWND parent, const wchar_t* className, DWORD style, DWORD extendedStyle)
+      : ControlWindow(control),
+        window_(::CreateWindowExW(extendedStyle, className, L"", WS_CHILD | WS_CLIPSIBLINGS | WS_TABSTOP | style, 0, 0,
+                                  0, 0, parent, nullptr, ::GetModuleHandleW(nullptr), nullptr)) {
+    if (window_ == nullptr)
+      throw std::system_error(static_cast<int>(::GetLastError()), std::system_category(), "No window");
+    Send(WM_SETFONT, reinterpret_cast<WPARAM>(FontFor(kControlFont)), TRUE);
+  }
+  ~SystemControl() override { ::DestroyWindow(window_); }
+
+  HWND Window() const override { return window_; }
+  void Sync() override { Place(window_, Subject(), bounds_, visible_); }
+
+ protected:
+  LRESULT Send(UINT message, WPARAM first = 0, LPARAM second = 0) const {
+    return ::SendMessageW(window_, message, first, second);
+  }
+
+ private:
+  HWND window_;
+  Shown<Rectangle> bounds_;
+  Shown<bool> visible_;
+};
+
+class ButtonWindow final : public SystemControl {
+ public:
+  ButtonWindow(CommandButton& button, FormContext& context, HWND parent)
+      : SystemControl(button, parent, L"BUTTON", BS_PUSHBUTTON, 0), control_(button), context_(context) {}
+
+  void Sync() override {
+    SystemControl::Sync();
+    if (caption_.Take(control_.Caption)) ::SetWindowTextW(Window(), ToWide(control_.Caption).c_str());
+  }
+
+  void Notified(WORD code) override {
+    if (code == BN_CLICKED) Click();
+  }
+  void Click() override { context_.handlers.Run(control_.Click); }
+  void MarkForEnter(bool marked) override {
+    Send(BM_SETSTYLE, static_cast<WPARAM>(marked ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON), TRUE);
+  }
+
+ private:
+  CommandButton& control_;
+  FormContext& context_;
+  Shown<std::string> caption_;
+};
+
+class ListWindow final : public SystemControl {
+ public:
+  ListWindow(ListBox& list, FormContext& context, HWND parent)
+      : SystemControl(list, parent, L"LISTBOX", WS_VSCROLL | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT | LBS_HASSTRINGS,
+                      WS_EX_CLIENTEDGE),
+        control_(list),
+        context_(context) {}
+
+  void Sync() override {
+    SystemControl::Sync();
+    if (list_.Take(control_.List)) {
+      Send(LB_RESETCONTENT);
+      for (const std::string& entry : control_.List)
+        Send(LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(ToWide(entry).c_str()));
+    }
+    if (SelectedRow() != control_.ListIndex) Send(LB_SETCURSEL, static_cast<WPARAM>(control_.ListIndex));
+  }
+
+  void Notified(WORD code) override {
+    if (code == LBN_SELCHANGE || code == LBN_DBLCLK) control_.ListIndex = SelectedRow();
+    if (code == LBN_DBLCLK) context_.handlers.Run(control_.DoubleClick);
+  }
+
+ private:
+  int SelectedRow() const { return static_cast<int>(Send(LB_GETCURSEL)); }
+
+  ListBox& control_;
+  FormContext& context_;
+  Shown<std::vector<std::string>> list_;
+};
+
+}  // namespace
+
+std::unique_ptr<ControlWindow> MakeControlWindow(Control& control, FormContext& context, HWND parent) {
+  if (auto* surface = dynamic_cast<PictureBox*>(&control))
+    return std::make_unique<SurfaceWindow>(*surface, context, parent);
+  if (auto* button = dynamic_cast<CommandButton*>(&control))
+    return std::make_unique<ButtonWindow>(*button, context, parent);
+  if (auto* list = dynamic_cast<ListBox*>(&control)) return std::make_unique<ListWindow>(*list, context, parent);
+  return nullptr;
+}
+
+}  // namespace sorvex

@@ -1,0 +1,353 @@
+// SPDX-License-Identifier: MIT
+// A form as a native window.
+#include "platform/win32/form_window.h"
+
+#include <windowsx.h>
+
+#include <algorithm>
+#include <cwctype>
+#include <ranges>
+#include <unordered_set>
+#include <utility>
+
+#include "platform/win32/built_ins.h"
+#include "platform/win32/painting.h"
+#include "platform/win32/text.h"
+
+namespace sorvex {
+namespace {
+
+constexpr UINT_PTR kTimer = 1;
+
+DWORD StyleOf(const Form& form) {
+  DWORD style = WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN;
+  if (form.Border == FormBorder::Sizable) style |= WS_THICKFRAME;
+  if (form.Border != FormBorder::Sizable) style |= WS_POPUP;
+  if (form.MinButton) style |= WS_MINIMIZEBOX;
+  return style;
+}
+
+DWORD ExtendedStyleOf(const Form& form) {
+  switch (form.Border) {
+    case FormBorder::Sizable: return 0;
+    case FormBorder::FixedDialog: return WS_EX_DLGMODALFRAME;
+    case FormBorder::FixedToolWindow: return WS_EX_TOOLWINDOW;
+  }
+  return 0;
+}
+
+// The letter behind the "&" of a caption, 0 without one.
+wchar_t AccessKeyOf(const CommandButton& button) {
+  const std::wstring caption = ToWide(button.Caption);
+  const std::size_t mark = caption.find(L'&');
+  return mark + 1 < caption.size() ? static_cast<wchar_t>(std::towupper(caption[mark + 1])) : L'\0';
+}
+
+}  // namespace
+
+FormWindow::FormWindow(std::unique_ptr<FormContext> context, FormWindow* owner)
+    : PointerArea(*context, nullptr), ownedContext_(std::move(context)), owner_(owner) {
+  const Form& form = context_.form;
+  Create(StyleOf(form), ExtendedStyleOf(form), owner == nullptr ? nullptr : owner->Handle());
+  toolTips_ = std::make_unique<ToolTips>(Handle());
+  if (form.Icon != BuiltIn::None) {
+    for (const auto& [kind, width] : {std::pair{ICON_SMALL, SM_CXSMICON}, std::pair{ICON_BIG, SM_CXICON}})
+      ::SendMessageW(Handle(), WM_SETICON, static_cast<WPARAM>(kind),
+                     reinterpret_cast<LPARAM>(BuiltInIcon(form.Icon, ::GetSystemMetrics(width))));
+  }
+  // Underlined access keys and the focus are seen from the start, not only once a key was used.
+  ::SendMessageW(Handle(), WM_UPDATEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEACCEL | UISF_HIDEFOCUS), 0);
+}
+
+FormWindow::~FormWindow() {
+  // Before the window goes, so that the owner and no other program becomes active.
+  if (owner_ != nullptr) ::EnableWindow(owner_->Handle(), TRUE);
+}
+
+void FormWindow::Sync() {
+  SyncWindow();
+  SyncControls();
+  ArmTimer();
+}
+
+void FormWindow::Open() {
+  Sync();
+  if (owner_ != nullptr) ::EnableWindow(owner_->Handle(), FALSE);
+  if (context_.form.CenterOnOwner && owner_ != nullptr) CenterOnOwner();
+  ::ShowWindow(Handle(), owner_ == nullptr ? SW_SHOWDEFAULT : SW_SHOW);
+  if (Control* first = NextInTabOrder(context_.form, nullptr, true)) Focus(first);
+  MarkButtonForEnter();
+  KeepPosition();
+  ::UpdateWindow(Handle());
+}
+
+void FormWindow::Unload() {
+  context_.handlers.Run([&form = context_.form] {
+    if (form.Unload) form.Unload();
+    form.Loaded = false;
+  });
+}
+
+void FormWindow::RunTimers() {
+  if (NextTimer(context_.form, context_.desktop.TickCount()) != 0) return;
+  context_.handlers.Run([this] { RunDueTimers(context_.form, context_.desktop.TickCount()); });
+}
+
+void FormWindow::Show(const PictureBox& surface, std::span<const Rectangle> changed) {
+  const auto window = windows_.find(&surface);
+  if (window != windows_.end()) window->second->Show(changed);
+}
+
+void FormWindow::SyncWindow() {
+  const Form& form = context_.form;
+  if (caption_.Take(form.Caption)) ::SetWindowTextW(Handle(), ToWide(form.Caption).c_str());
+  if (background_.Take(form.BackColor)) ::InvalidateRect(Handle(), nullptr, FALSE);
+  if (FormSize() == seenSize_) return;
+  setSize_ = seenSize_ = FormSize();
+  requested_ = ClientSize(form, context_.desktop.TwipsPerPixel());
+  // The client area is what counts: the frame around it is as wide as this desktop draws it.
+  RECT outer{0, 0, requested_.width, requested_.height};
+  ::AdjustWindowRectEx(&outer, StyleOf(form), FALSE, ExtendedStyleOf(form));
+  ::SetWindowPos(Handle(), nullptr, 0, 0, outer.right - outer.left, outer.bottom - outer.top,
+                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void FormWindow::SyncControls() {
+  const Form& form = context_.form;
+  if (mirrored_ != form.Controls) {
+    DropGoneControls();
+    mirrored_ = form.Controls;
+  }
+  LeaveGoneFocus();
+  const std::size_t before = windows_.size();
+  for (Control* control : form.Controls) {
+    if (IsPainted(*control)) {
+      SyncPainted(*control);
+      continue;
+    }
+    const auto known = windows_.find(control);
+    ControlWindow* window = known != windows_.end() ? known->second.get()
+                            : IsShown(*control)     ? Mirror(*control)
+                                                    : nullptr;
+    if (window == nullptr) continue;
+    window->Sync();
+    toolTips_->Sync(*control, window->Window(),
+                    Rectangle::At(0, 0, {PixelBounds(*control).Width(), PixelBounds(*control).Height()}));
+  }
+  const bool grown = windows_.size() != before;
+  if (grown) Restack();
+  if (grown || FocusedControl() != enterMarkedFor_) MarkButtonForEnter();
+}
+
+FormWindow::PaintedLook FormWindow::LookOf(const Control& control) {
+  PaintedLook look{PixelBounds(control), control.Visible, {}, {}, {}, {}};
+  if (const auto* label = dynamic_cast<const Label*>(&control)) {
+    look.caption = label->Caption;
+    look.font = label->Font;
+    look.fore = label->ForeColor;
+    look.back = label->BackColor;
+  }
+  if (const auto* shape = dynamic_cast<const Shape*>(&control)) look.back = shape->FillColor;
+  return look;
+}
+
+void FormWindow::SyncPainted(const Control& control) {
+  // What is hidden is painted when it is shown.
+  const HWND window = WindowUnder(control);
+  if (window == nullptr || (control.Container != nullptr && !IsShown(*control.Container))) return;
+  Painted& seen = painted_[&control];
+  PaintedLook look = LookOf(control);
+  if (seen.look == look) return;
+  const int frame = control.Container == nullptr ? 0 : FrameWidth(control.Container->BorderStyle);
+  const Rectangle place = PaintedBounds(control).Moved(frame, frame);
+  for (const auto& [visible, bounds] : {std::pair{seen.look.visible, seen.place}, std::pair{look.visible, place}}) {
+    const RECT part{bounds.left, bounds.top, bounds.right, bounds.bottom};
+    if (visible) ::InvalidateRect(window, &part, FALSE);
+  }
+  seen = {std::move(look), place};
+  toolTips_->Sync(control, window, place);
+}
+
+HWND FormWindow::WindowUnder(const Control& control) const {
+  if (control.Container == nullptr) return Handle();
+  const auto container = windows_.find(control.Container);
+  return container == windows_.end() ? nullptr : container->second->Window();
+}
+
+void FormWindow::DropGoneControls() {
+  const std::unordered_set<const Control*> present(context_.form.Controls.begin(), context_.form.Controls.end());
+  const auto gone = [&](const auto& entry) { return !present.contains(entry.first); };
+  for (const Control* control : mirrored_)
+    if (!present.contains(control)) toolTips_->Forget(*control);
+  std::erase_if(windows_, gone);
+  std::erase_if(painted_, gone);
+}
+
+ControlWindow* FormWindow::Mirror(Control& control) {
+  if (control.Container != nullptr && WindowUnder(control) == nullptr) Mirror(*control.Container);
+  std::unique_ptr<ControlWindow> window = MakeControlWindow(control, context_, WindowUnder(control));
+  if (window == nullptr) return nullptr;
+  return windows_.emplace(&control, std::move(window)).first->second.get();
+}
+
+void FormWindow::Restack() {
+  for (const Control* control : context_.form.Controls) {
+    const auto window = windows_.find(control);
+    if (window != windows_.end())
+      ::SetWindowPos(window->second->Window(), HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+  }
+}
+
+void FormWindow::ArmTimer() {
+  const Long now = context_.desktop.TickCount();
+  const std::optional<int> next = NextTimer(context_.form, now);
+  if (!next) {
+    if (timerRuns_) ::KillTimer(Handle(), kTimer);
+    timerRuns_ = false;
+    return;
+  }
+  const auto due = static_cast<std::uint32_t>(now) + static_cast<std::uint32_t>(*next);
+  if (timerRuns_ && due == timerDue_) return;
+  timerRuns_ = ::SetTimer(Handle(), kTimer, static_cast<UINT>(*next), nullptr) != 0;
+  timerDue_ = due;
+}
+
+void FormWindow::CenterOnOwner() {
+  RECT own{};
+  RECT owners{};
+  ::GetWindowRect(Handle(), &own);
+  ::GetWindowRect(owner_->Handle(), &owners);
+  MONITORINFO monitor{};
+  monitor.cbSize = sizeof monitor;
+  ::GetMonitorInfoW(::MonitorFromWindow(owner_->Handle(), MONITOR_DEFAULTTONEAREST), &monitor);
+  const RECT& screen = monitor.rcWork;
+  const LONG width = own.right - own.left;
+  const LONG height = own.bottom - own.top;
+  const LONG left = (owners.left + owners.right - width) / 2;
+  const LONG top = (owners.top + owners.bottom - height) / 2;
+  ::SetWindowPos(Handle(), nullptr, std::max(screen.left, std::min(left, screen.right - width)),
+                 std::max(screen.top, std::min(top, screen.bottom - height)), 0, 0,
+                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void FormWindow::KeepPosition() {
+  POINT client{};
+  ::ClientToScreen(Handle(), &client);
+  const FrameMetrics frame = MetricsOf(context_.form.Border);
+  const TwipRatio twips = context_.desktop.TwipsPerPixel();
+  context_.form.Left = static_cast<float>(client.x - frame.side) * twips.across;
+  context_.form.Top = static_cast<float>(client.y - frame.top) * twips.down;
+}
+
+void FormWindow::KeepSize(Size client) {
+  if (requested_ == Size{}) return;  // not yet laid out
+  Form& form = context_.form;
+  if (client == requested_) {
+    form.Width = setSize_.width;
+    form.Height = setSize_.height;
+  } else {
+    SetClientSize(form, client, context_.desktop.TwipsPerPixel());
+  }
+  seenSize_ = FormSize();
+}
+
+void FormWindow::Focus(const Control* control) {
+  const auto window = windows_.find(control);
+  ::SetFocus(window == windows_.end() ? Handle() : window->second->Window());
+}
+
+Control* FormWindow::FocusedControl() const {
+  const HWND focus = ::GetFocus();
+  const auto found =
+      std::ranges::find_if(windows_, [focus](const auto& entry) { return entry.second->Window() == focus; });
+  return focus == nullptr || found == windows_.end() ? nullptr : &found->second->Subject();
+}
+
+void FormWindow::LeaveGoneFocus() {
+  const Control* focused = FocusedControl();
+  if (focused != nullptr && !IsShown(*focused)) Focus(FocusAfter(context_.form, *focused));
+}
+
+void FormWindow::MarkButtonForEnter() {
+  enterMarkedFor_ = FocusedControl();
+  const CommandButton* marked = ButtonForEnter(context_.form, enterMarkedFor_);
+  for (const auto& [control, window] : windows_) window->MarkForEnter(control == marked);
+}
+
+bool FormWindow::ClickButton(const CommandButton* button) {
+  const auto window = windows_.find(button);
+  if (window == windows_.end()) return false;
+  window->second->Click();
+  return true;
+}
+
+bool FormWindow::TakeAccessKey(wchar_t key) {
+  for (Control* control : context_.form.Controls) {
+    const auto* button = dynamic_cast<const CommandButton*>(control);
+    if (button == nullptr || !IsShown(*button) || AccessKeyOf(*button) != static_cast<wchar_t>(std::towupper(key)))
+      continue;
+    Focus(button);
+    return ClickButton(button);
+  }
+  return false;
+}
+
+bool FormWindow::TakeKey(const MSG& message) {
+  if (message.message == WM_SYSCHAR) return TakeAccessKey(static_cast<wchar_t>(message.wParam));
+  if (message.message != WM_KEYDOWN) return false;
+  switch (message.wParam) {
+    case VK_TAB: Focus(NextInTabOrder(context_.form, FocusedControl(), ::GetKeyState(VK_SHIFT) >= 0)); return true;
+    case VK_RETURN: return ClickButton(ButtonForEnter(context_.form, FocusedControl()));
+    case VK_ESCAPE: return ClickButton(ButtonForEscape(context_.form));
+    default: break;
+  }
+  const Command* command = CommandForFunctionKey(context_.form, static_cast<int>(message.wParam) - VK_F1 + 1);
+  if (command != nullptr) context_.handlers.Run(command->Action);
+  return command != nullptr;
+}
+
+void FormWindow::Activated(bool active) {
+  if (active) return;
+  if (::IsChild(Handle(), ::GetFocus())) focusBefore_ = ::GetFocus();
+  LosePointerSoon();
+}
+
+void FormWindow::Notified(HWND window, WORD code) {
+  const auto found =
+      std::ranges::find_if(windows_, [window](const auto& entry) { return entry.second->Window() == window; });
+  if (found != windows_.end()) found->second->Notified(code);
+}
+
+LRESULT FormWindow::Receive(UINT message, WPARAM first, LPARAM second) {
+  switch (message) {
+    case WM_CLOSE: Unload(); return 0;
+    case WM_TIMER:
+      // It may have waited longer than was asked for; what is left of it is asked for anew.
+      timerRuns_ = false;
+      ::KillTimer(Handle(), kTimer);
+      RunTimers();
+      ArmTimer();
+      return 0;
+    case WM_SYSCOMMAND:
+      // Alt or F10 alone would open an unseen menu that waits while the game stands still.
+      if ((first & 0xFFF0) == SC_KEYMENU && second == 0) return 0;
+      return PointerArea::Receive(message, first, second);
+    case WM_COMMAND: Notified(reinterpret_cast<HWND>(second), HIWORD(first)); return 0;
+    case WM_SIZE:
+      if (first != SIZE_MINIMIZED) KeepSize({GET_X_LPARAM(second), GET_Y_LPARAM(second)});
+      return 0;
+    case WM_MOVE: KeepPosition(); return 0;
+    case WM_ACTIVATE: Activated(LOWORD(first) != WA_INACTIVE); return PointerArea::Receive(message, first, second);
+    case WM_SETFOCUS:
+      if (::IsWindowVisible(focusBefore_) != 0) ::SetFocus(focusBefore_);
+      return 0;
+    case WM_GETMINMAXINFO:
+      // A large field makes a window larger than the screen.
+      PointerArea::Receive(message, first, second);
+      reinterpret_cast<MINMAXINFO*>(second)->ptMaxTrackSize = {SHRT_MAX, SHRT_MAX};
+      return 0;
+    default: return PointerArea::Receive(message, first, second);
+  }
+}
+
+}  // namespace sorvex

@@ -1,0 +1,159 @@
+// SPDX-License-Identifier: MIT
+// Native pointer messages as the core's PointerInput wants them, and painting without flicker.
+#include "platform/win32/pointer_area.h"
+
+#include <windowsx.h>
+
+#include <array>
+#include <exception>
+
+#include "platform/win32/built_ins.h"
+#include "platform/win32/painting.h"
+
+namespace sorvex {
+namespace {
+
+constexpr UINT kPointerLost = WM_APP;
+
+Integer ShiftOf(WPARAM keys) {
+  int shift = 0;
+  if ((keys & MK_SHIFT) != 0) shift |= kShiftKey;
+  if ((keys & MK_CONTROL) != 0) shift |= kCtrlKey;
+  if (::GetKeyState(VK_MENU) < 0) shift |= kAltKey;
+  return static_cast<Integer>(shift);
+}
+
+bool AnyButton(WPARAM keys) { return (keys & (MK_LBUTTON | MK_RBUTTON | MK_MBUTTON)) != 0; }
+
+// The system joins movements that wait for delivery; the ones between are in its history (GetMouseMovePointsEx).
+// Calls `deliver` with each place of `window` that the pointer passed after `since` and before the delivered movement.
+template <class Deliver>
+void ForEachJoinedMove(HWND window, DWORD since, POINT last, const Deliver& deliver) {
+  constexpr int kMost = 64;
+  constexpr int kCoordinateBits = 0xFFFF;
+  ::ClientToScreen(window, &last);
+  MOUSEMOVEPOINT now{};
+  now.x = last.x & kCoordinateBits;
+  now.y = last.y & kCoordinateBits;
+  now.time = static_cast<DWORD>(::GetMessageTime());
+  std::array<MOUSEMOVEPOINT, kMost> points{};
+  const int count = ::GetMouseMovePointsEx(sizeof now, &now, points.data(), kMost, GMMP_USE_DISPLAY_POINTS);
+  // The newest is the delivered one; a time that is not after the last event's is another event's history.
+  int oldest = 0;
+  while (oldest + 1 < count && static_cast<LONG>(points[static_cast<std::size_t>(oldest) + 1].time - since) > 0 &&
+         points[static_cast<std::size_t>(oldest) + 1].time != 0)
+    ++oldest;
+  for (; oldest > 0; --oldest) {
+    const MOUSEMOVEPOINT& point = points[static_cast<std::size_t>(oldest)];
+    // On screens left of and above the first one, places are negative 16-bit numbers.
+    POINT place{static_cast<SHORT>(point.x), static_cast<SHORT>(point.y)};
+    ::ScreenToClient(window, &place);
+    deliver(place);
+  }
+}
+
+}  // namespace
+
+void PointerArea::LosePointer() {
+  if (::GetCapture() == Handle()) ::ReleaseCapture();
+  context_.handlers.Run([this] { context_.pointer.Lose(); });
+}
+
+void PointerArea::LosePointerSoon() { ::PostMessageW(Handle(), kPointerLost, 0, 0); }
+
+void PointerArea::Failed() {
+  context_.handlers.Run([error = std::current_exception()] { std::rethrow_exception(error); });
+}
+
+LRESULT PointerArea::Receive(UINT message, WPARAM first, LPARAM second) {
+  const POINT place{GET_X_LPARAM(second), GET_Y_LPARAM(second)};
+  switch (message) {
+    case WM_LBUTTONDOWN:
+    case WM_LBUTTONDBLCLK: Press(kLeftButton, first, place); return 0;
+    case WM_RBUTTONDOWN:
+    case WM_RBUTTONDBLCLK: Press(kRightButton, first, place); return 0;
+    case WM_MBUTTONDOWN:
+    case WM_MBUTTONDBLCLK: Press(kMiddleButton, first, place); return 0;
+    case WM_LBUTTONUP: Release(kLeftButton, first, place); return 0;
+    case WM_RBUTTONUP: Release(kRightButton, first, place); return 0;
+    case WM_MBUTTONUP: Release(kMiddleButton, first, place); return 0;
+    case WM_MOUSEMOVE: Move(first, place); return 0;
+    case WM_CAPTURECHANGED: LosePointerSoon(); return 0;
+    case kPointerLost: LosePointer(); return 0;
+    case WM_SETCURSOR:
+      if (LOWORD(second) == HTCLIENT && reinterpret_cast<HWND>(first) == Handle() && ShowShape()) return TRUE;
+      return NativeWindow::Receive(message, first, second);
+    case WM_ERASEBKGND: return TRUE;
+    case WM_PAINT: Paint(); return 0;
+    case WM_COMMAND: return ::SendMessageW(::GetAncestor(Handle(), GA_ROOT), message, first, second);
+    case WM_CTLCOLORBTN:
+      return reinterpret_cast<LRESULT>(BackgroundBrush(reinterpret_cast<HDC>(first), context_, surface_));
+    default: return NativeWindow::Receive(message, first, second);
+  }
+}
+
+void PointerArea::Press(Integer button, WPARAM keys, POINT place) {
+  context_.lastMessage = static_cast<DWORD>(::GetMessageTime());
+  if (surface_ != nullptr && surface_->TabIndex >= 0) ::SetFocus(Handle());
+  if (::GetCapture() != Handle()) ::SetCapture(Handle());
+  const int frame = FrameOffset();
+  context_.handlers.Run([&] {
+    context_.pointer.Press(surface_, button, ShiftOf(keys), static_cast<float>(place.x - frame),
+                           static_cast<float>(place.y - frame));
+  });
+}
+
+void PointerArea::Move(WPARAM keys, POINT place) {
+  const DWORD since = context_.lastMessage;
+  context_.lastMessage = static_cast<DWORD>(::GetMessageTime());
+  const Integer shift = ShiftOf(keys);
+  RECT inside{};
+  ::GetClientRect(Handle(), &inside);
+  const bool captured = ::GetCapture() == Handle();
+  ForEachJoinedMove(Handle(), since, place, [&](POINT passed) {
+    if (captured || ::PtInRect(&inside, passed) != 0) MoveTo(passed, shift);
+  });
+  MoveTo(place, shift);
+}
+
+void PointerArea::MoveTo(POINT place, Integer shift) {
+  const int frame = FrameOffset();
+  context_.handlers.Run([&] {
+    context_.pointer.Move(surface_, shift, static_cast<float>(place.x - frame), static_cast<float>(place.y - frame));
+  });
+}
+
+void PointerArea::Release(Integer button, WPARAM keys, POINT place) {
+  context_.lastMessage = static_cast<DWORD>(::GetMessageTime());
+  const bool last = !AnyButton(keys);
+  const int frame = FrameOffset();
+  context_.handlers.Run([&] {
+    // Before the handler, which may open a box. What the loss of the capture posts finds no button down.
+    if (last && ::GetCapture() == Handle()) ::ReleaseCapture();
+    context_.pointer.Release(button, ShiftOf(keys), static_cast<float>(place.x - frame),
+                             static_cast<float>(place.y - frame));
+  });
+}
+
+bool PointerArea::ShowShape() {
+  const DWORD message = ::GetMessagePos();
+  POINT place{GET_X_LPARAM(message), GET_Y_LPARAM(message)};
+  ::ScreenToClient(Handle(), &place);
+  const int frame = FrameOffset();
+  const Control* control = WindowlessControlAt(context_.form, surface_, static_cast<float>(place.x - frame),
+                                               static_cast<float>(place.y - frame));
+  if (control == nullptr) control = surface_;
+  ::SetCursor(BuiltInCursor(control == nullptr ? BuiltIn::None : control->MousePointer));
+  return true;
+}
+
+void PointerArea::Paint() {
+  PAINTSTRUCT paint;
+  const HDC screen = ::BeginPaint(Handle(), &paint);
+  RECT client{};
+  ::GetClientRect(Handle(), &client);
+  PaintArea(screen, context_, surface_, {client.right, client.bottom}, paint.rcPaint);
+  ::EndPaint(Handle(), &paint);
+}
+
+}  // namespace sorvex

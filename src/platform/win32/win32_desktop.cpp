@@ -1,0 +1,183 @@
+// SPDX-License-Identifier: MIT
+// Windows and waits, and the desktop's services.
+#include "platform/win32/win32_desktop.h"
+
+#include <algorithm>
+
+#include "platform/win32/boxes.h"
+#include "platform/win32/built_ins.h"
+#include "platform/win32/services.h"
+#include "platform/win32/text.h"
+#include "platform/win32/version_resource.h"
+#include "platform/win32/write_whole_file.h"
+
+namespace sorvex {
+
+FormWindow* Win32Desktop::Find(const Form* form) const {
+  const auto found = std::ranges::find_if(shown_, [form](const auto& shown) { return &shown->ShownForm() == form; });
+  return found == shown_.end() ? nullptr : found->get();
+}
+
+void Win32Desktop::Remove(const Form& form) {
+  std::erase_if(shown_, [&form](const auto& shown) { return &shown->ShownForm() == &form; });
+}
+
+void Win32Desktop::Show(Form& form, Form* owner) {
+  form.Loaded = true;
+  FormWindow* window = Find(&form);
+  if (window == nullptr) {
+    auto context = std::make_unique<FormContext>(FormContext{form, *this, handlers_});
+    window = shown_.emplace_back(std::make_unique<FormWindow>(std::move(context), Find(owner))).get();
+  }
+  const struct Closing {
+    // An error that leaves the main form, still loaded, is reported over its window, and the form shown again.
+    ~Closing() {
+      if (modal || !form.Loaded || desktop.handlers_.Ended()) desktop.Remove(form);
+    }
+    Win32Desktop& desktop;
+    const Form& form;
+    bool modal;
+  } closing{*this, form, owner != nullptr};
+  handlers_.Serve([&] {
+    LosePointers();
+    Sync();
+    window->Open();
+    while (form.Loaded && !handlers_.Leaving()) {
+      if (DeliverPending()) continue;
+      Sync();
+      ::WaitMessage();
+    }
+  });
+}
+
+void Win32Desktop::DeliverEvents(int patience) {
+  handlers_.Serve([&] {
+    Sync();
+    for (std::size_t i = 0; i < shown_.size(); ++i) shown_[i]->RunTimers();
+    if (DeliverPending() || patience == 0 || handlers_.Leaving()) return;
+    ::MsgWaitForMultipleObjectsEx(0, nullptr, static_cast<DWORD>(patience), QS_ALLINPUT, MWMO_INPUTAVAILABLE);
+    DeliverPending();
+  });
+}
+
+// True when there was anything.
+bool Win32Desktop::DeliverPending() {
+  bool any = false;
+  MSG message;
+  while (!handlers_.Leaving() && ::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != 0) {
+    any = true;
+    Deliver(message);
+  }
+  return any;
+}
+
+void Win32Desktop::Deliver(const MSG& message) {
+  const HWND root = message.hwnd == nullptr ? nullptr : ::GetAncestor(message.hwnd, GA_ROOT);
+  const auto form = std::ranges::find_if(shown_, [root](const auto& shown) { return shown->Handle() == root; });
+  if (form != shown_.end() && root != nullptr && (*form)->TakeKey(message)) return;
+  ::TranslateMessage(&message);
+  ::DispatchMessageW(&message);
+}
+
+void Win32Desktop::Refresh(PictureBox& surface, std::span<const Rectangle> changed) {
+  Sync();
+  for (const auto& shown : shown_) shown->Show(surface, changed);
+}
+
+void Win32Desktop::WaitInBox(const std::function<void(HWND owner)>& show) {
+  const auto wait = [&] {
+    LosePointers();
+    Sync();
+    if (!handlers_.Leaving()) show(shown_.empty() ? nullptr : shown_.back()->Handle());
+  };
+  const struct Closing {
+    // What made the box's loop return is meant for no other loop.
+    ~Closing() {
+      MSG message;
+      while (::PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE) != 0) {
+      }
+    }
+  } closing;
+  handlers_.Serve(wait, [] { ::PostQuitMessage(0); });
+}
+
+void Win32Desktop::ShowMessage(const std::string& text, const std::string& title, BoxIcon icon) {
+  WaitInBox([&](HWND owner) { ShowMessageBox(owner, text, title, icon); });
+}
+
+std::string Win32Desktop::InputBox(const std::string& prompt, const std::string& title) {
+  std::string answer;
+  WaitInBox([&](HWND owner) { answer = ShowInputBox(owner, prompt, title); });
+  return answer;
+}
+
+void Win32Desktop::Sync() {
+  for (const auto& shown : shown_) shown->Sync();
+}
+
+void Win32Desktop::LosePointers() {
+  for (std::size_t i = 0; i < shown_.size(); ++i) shown_[i]->LosePointer();
+}
+
+std::optional<Bitmap> Win32Desktop::DecodeBitmap(std::string_view bytes) { return DecodePicture(bytes); }
+
+Picture Win32Desktop::BuiltInPicture(BuiltIn which) { return sorvex::BuiltInPicture(which); }
+
+Size Win32Desktop::MeasureText(const Font& font, const std::string& text, int wrapWidth) {
+  return TextSize(font, text, wrapWidth);
+}
+
+Pixel Win32Desktop::ResolveColor(Color color) { return Resolve(color); }
+
+TwipRatio Win32Desktop::TwipsPerPixel() {
+  constexpr float kTwipsPerInch = 1440;
+  const HDC screen = ::GetDC(nullptr);
+  const TwipRatio twips{kTwipsPerInch / static_cast<float>(::GetDeviceCaps(screen, LOGPIXELSX)),
+                        kTwipsPerInch / static_cast<float>(::GetDeviceCaps(screen, LOGPIXELSY))};
+  ::ReleaseDC(nullptr, screen);
+  return twips;
+}
+
+Long Win32Desktop::TickCount() { return sorvex::TickCount(); }
+
+ScreenPoint Win32Desktop::PointerPosition() { return sorvex::PointerPosition(); }
+
+void Win32Desktop::PlayWave(const std::string& path) { sorvex::PlayWave(path); }
+
+void Win32Desktop::PrepareWaves(std::span<const std::string> /*paths*/) {}  // the system reads a file when it plays
+
+void Win32Desktop::OpenAddress(const std::string& address) { sorvex::OpenAddress(address); }
+
+std::string Win32Desktop::ShortDate() { return sorvex::ShortDate(); }
+
+std::string Win32Desktop::ProgramFolder() { return sorvex::ProgramFolder(); }
+
+VersionInfo Win32Desktop::Version() { return ReadVersionResource(); }
+
+void Win32Desktop::WriteWholeFile(const std::string& path, std::string_view bytes) {
+  sorvex::WriteWholeFile(path, bytes);
+}
+
+Long Win32Desktop::RegistryOpen(RegistryKey hive, const std::string& name, std::uint32_t access, RegistryKey& key) {
+  return sorvex::RegistryOpen(hive, name, access, key);
+}
+
+Long Win32Desktop::RegistryCreate(RegistryKey hive, const std::string& name, std::uint32_t access, RegistryKey& key) {
+  return sorvex::RegistryCreate(hive, name, access, key);
+}
+
+Long Win32Desktop::RegistryQuery(RegistryKey key, const std::string& name, std::uint32_t& type, void* data,
+                                 std::uint32_t& size) {
+  return sorvex::RegistryQuery(key, name, type, data, size);
+}
+
+Long Win32Desktop::RegistrySet(RegistryKey key, const std::string& name, std::uint32_t type, const void* data,
+                               std::uint32_t size) {
+  return sorvex::RegistrySet(key, name, type, data, size);
+}
+
+Long Win32Desktop::RegistryClose(RegistryKey key) { return sorvex::RegistryClose(key); }
+
+std::unique_ptr<Desktop> MakeDesktop(int& /*argc*/, char** /*argv*/) { return std::make_unique<Win32Desktop>(); }
+
+}  // namespace sorvex
