@@ -21,6 +21,7 @@ class RuntimeError : public std::runtime_error {
 };
 
 inline RuntimeError Overflow() { return {6, "Overflow"}; }
+inline RuntimeError OutOfMemory() { return {7, "Out of memory"}; }
 inline RuntimeError SubscriptOutOfRange() { return {9, "Subscript out of range"}; }
 inline RuntimeError DeviceError() { return {57, "Device I/O error"}; }
 inline RuntimeError DiskFull() { return {61, "Disk full"}; }

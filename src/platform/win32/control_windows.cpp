@@ -4,9 +4,9 @@
 
 #include <algorithm>
 #include <string>
-#include <system_error>
 #include <vector>
 
+#include "base/runtime_error.h"
 #include "platform/shown.h"
 #include "platform/win32/painting.h"
 #include "platform/win32/text.h"
@@ -91,8 +91,7 @@ class SystemControl : public ControlWindow {
       : ControlWindow(control),
         window_(::CreateWindowExW(extendedStyle, className, L"", WS_CHILD | WS_CLIPSIBLINGS | WS_TABSTOP | style, 0, 0,
                                   0, 0, parent, nullptr, ::GetModuleHandleW(nullptr), nullptr)) {
-    if (window_ == nullptr)
-      throw std::system_error(static_cast<int>(::GetLastError()), std::system_category(), "No window");
+    if (window_ == nullptr) throw OutOfMemory();
     Send(WM_SETFONT, reinterpret_cast<WPARAM>(FontFor(kControlFont)), TRUE);
   }
   ~SystemControl() override { ::DestroyWindow(window_); }

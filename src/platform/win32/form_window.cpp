@@ -117,23 +117,20 @@ void FormWindow::SyncControls() {
   if (mirrored_ != form.Controls) {
     DropGoneControls();
     mirrored_ = form.Controls;
+    painted_.clear();
+    others_.clear();
+    for (Control* control : mirrored_) (IsPainted(*control) ? painted_ : others_).push_back(control);
   }
   LeaveGoneFocus();
   const std::size_t before = windows_.size();
-  for (Control* control : form.Controls) {
-    if (IsPainted(*control)) {
-      SyncPainted(*control);
-      continue;
-    }
-    const auto known = windows_.find(control);
-    ControlWindow* window = known != windows_.end() ? known->second.get()
-                            : IsShown(*control)     ? Mirror(*control)
-                                                    : nullptr;
-    if (window == nullptr) continue;
+  for (Control* control : others_)
+    if (IsShown(*control) && !windows_.contains(control)) Mirror(*control);
+  for (const auto& [control, window] : windows_) {
     window->Sync();
-    toolTips_->Sync(*control, window->Window(),
-                    Rectangle::At(0, 0, {PixelBounds(*control).Width(), PixelBounds(*control).Height()}));
+    const Rectangle place = PixelBounds(*control);
+    toolTips_->Sync(*control, window->Window(), place.Moved(-place.left, -place.top));
   }
+  for (const Control* control : painted_) SyncPainted(*control);
   const bool grown = windows_.size() != before;
   if (grown) Restack();
   if (grown || FocusedControl() != enterMarkedFor_) MarkButtonForEnter();
@@ -155,7 +152,7 @@ void FormWindow::SyncPainted(const Control& control) {
   // What is hidden is painted when it is shown.
   const HWND window = WindowUnder(control);
   if (window == nullptr || (control.Container != nullptr && !IsShown(*control.Container))) return;
-  Painted& seen = painted_[&control];
+  Painted& seen = seen_[&control];
   PaintedLook look = LookOf(control);
   if (seen.look == look) return;
   const int frame = control.Container == nullptr ? 0 : FrameWidth(control.Container->BorderStyle);
@@ -180,14 +177,13 @@ void FormWindow::DropGoneControls() {
   for (const Control* control : mirrored_)
     if (!present.contains(control)) toolTips_->Forget(*control);
   std::erase_if(windows_, gone);
-  std::erase_if(painted_, gone);
+  std::erase_if(seen_, gone);
 }
 
-ControlWindow* FormWindow::Mirror(Control& control) {
+void FormWindow::Mirror(Control& control) {
   if (control.Container != nullptr && WindowUnder(control) == nullptr) Mirror(*control.Container);
   std::unique_ptr<ControlWindow> window = MakeControlWindow(control, context_, WindowUnder(control));
-  if (window == nullptr) return nullptr;
-  return windows_.emplace(&control, std::move(window)).first->second.get();
+  if (window != nullptr) windows_.emplace(&control, std::move(window));
 }
 
 void FormWindow::Restack() {

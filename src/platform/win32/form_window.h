@@ -63,7 +63,7 @@ class FormWindow final : public PointerArea {
   void DropGoneControls();
   void LeaveGoneFocus();
   void MarkButtonForEnter();
-  ControlWindow* Mirror(Control& control);
+  void Mirror(Control& control);
   static PaintedLook LookOf(const Control& control);
   HWND WindowUnder(const Control& control) const;
   void Restack();
@@ -83,9 +83,11 @@ class FormWindow final : public PointerArea {
   std::unique_ptr<FormContext> ownedContext_;
   FormWindow* owner_;
   std::unordered_map<const Control*, std::unique_ptr<ControlWindow>> windows_;
-  std::unordered_map<const Control*, Painted> painted_;
+  std::unordered_map<const Control*, Painted> seen_;
   std::unique_ptr<ToolTips> toolTips_;
   std::vector<Control*> mirrored_;           // the form's controls at the last synchronisation
+  std::vector<Control*> painted_;            // those of them that are painted on their container
+  std::vector<Control*> others_;             // the rest of them
   const Control* enterMarkedFor_ = nullptr;  // the focus for which the buttons show what Enter means
   HWND focusBefore_ = nullptr;               // what had the focus when the window lost it
   Shown<std::string> caption_;

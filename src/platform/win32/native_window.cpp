@@ -2,7 +2,7 @@
 // The window class and its procedure.
 #include "platform/win32/native_window.h"
 
-#include <system_error>
+#include "base/runtime_error.h"
 
 namespace sorvex {
 
@@ -33,8 +33,7 @@ void NativeWindow::Create(DWORD style, DWORD extendedStyle, HWND parent) {
   const int place = child ? 0 : kAnywhere;
   handle_ = ::CreateWindowExW(extendedStyle, ClassName(), L"", style, place, place, 0, 0, parent, nullptr,
                               ::GetModuleHandleW(nullptr), this);
-  if (handle_ == nullptr)
-    throw std::system_error(static_cast<int>(::GetLastError()), std::system_category(), "No window");
+  if (handle_ == nullptr) throw OutOfMemory();
 }
 
 LRESULT NativeWindow::Receive(UINT message, WPARAM first, LPARAM second) {

@@ -18,7 +18,7 @@ class NativeWindow {
  protected:
   NativeWindow() = default;
 
-  /// Makes the window, hidden and without size; throws std::system_error when there is none to be had.
+  /// Makes the window, hidden and without size; throws OutOfMemory when the system has none left.
   void Create(DWORD style, DWORD extendedStyle, HWND parent);
   /// Answers a message; the base answers as the system does.
   virtual LRESULT Receive(UINT message, WPARAM first, LPARAM second);
