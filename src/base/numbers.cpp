@@ -4,7 +4,9 @@
 
 #include <array>
 #include <charconv>
+#include <clocale>
 #include <cmath>
+#include <cstdio>
 #include <limits>
 
 #include "base/runtime_error.h"
@@ -71,10 +73,14 @@ bool IsNumber(std::string_view text) {
 }
 
 std::string NumberText(double value) {
-  std::array<char, 32> text{};
-  const auto [end, error] =
-      std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::general, 15);
-  return {text.data(), end};
+  // Not std::to_chars, whose tables for floating point make a small program 170 KB larger. A toolkit may have chosen the
+  // user's locale, with a separator of its own.
+  std::array<char, 32> digits{};
+  std::snprintf(digits.data(), digits.size(), "%.15g", value);
+  std::string text = digits.data();
+  const std::string_view separator = std::localeconv()->decimal_point;
+  if (const std::size_t at = text.find(separator); at != std::string::npos) text.replace(at, separator.size(), ".");
+  return text;
 }
 
 }  // namespace sorvex
