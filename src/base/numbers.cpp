@@ -73,8 +73,8 @@ bool IsNumber(std::string_view text) {
 }
 
 std::string NumberText(double value) {
-  // Not std::to_chars, whose tables for floating point make a small program 170 KB larger. A toolkit may have chosen the
-  // user's locale, with a separator of its own.
+  // Not std::to_chars, whose tables for floating point make a small program 170 KB larger. A toolkit may have chosen
+  // the user's locale, with a separator of its own.
   std::array<char, 32> digits{};
   std::snprintf(digits.data(), digits.size(), "%.15g", value);
   std::string text = digits.data();

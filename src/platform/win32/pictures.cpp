@@ -1,14 +1,17 @@
 // SPDX-License-Identifier: MIT
-// Loading and painting through OLE's picture object.
+// Loading through OLE's picture object, painting through GDI+.
 #include "platform/win32/pictures.h"
 
+#include <windows.h>
 #include <ocidl.h>
 #include <ole2.h>
 #include <olectl.h>
 #include <shlwapi.h>
+#include <gdiplus.h>
 
 #include <algorithm>
 #include <memory>
+#include <type_traits>
 
 namespace sorvex {
 namespace {
@@ -16,18 +19,36 @@ namespace {
 struct Releaser {
   void operator()(IUnknown* object) const { object->Release(); }
 };
+using Stream = std::unique_ptr<IStream, Releaser>;
 using PictureObject = std::unique_ptr<IPicture, Releaser>;
 
 struct ContextDeleter {
   void operator()(HDC context) const { ::DeleteDC(context); }
 };
 
+/// GDI+ for the time that the program runs: it paints a picture smaller and keeps its transparency.
+class GdiPlus {
+ public:
+  GdiPlus() {
+    const Gdiplus::GdiplusStartupInput input;
+    Gdiplus::GdiplusStartup(&token_, &input, nullptr);
+  }
+  GdiPlus(const GdiPlus&) = delete;
+  GdiPlus& operator=(const GdiPlus&) = delete;
+  ~GdiPlus() { Gdiplus::GdiplusShutdown(token_); }
+
+ private:
+  ULONG_PTR token_ = 0;
+};
+
+Stream StreamOf(std::string_view bytes) {
+  return Stream(::SHCreateMemStream(reinterpret_cast<const BYTE*>(bytes.data()), static_cast<UINT>(bytes.size())));
+}
+
 PictureObject Load(std::string_view bytes) {
-  const auto size = static_cast<UINT>(bytes.size());
-  const std::unique_ptr<IStream, Releaser> stream(
-      ::SHCreateMemStream(reinterpret_cast<const BYTE*>(bytes.data()), size));
+  const Stream stream = StreamOf(bytes);
   void* picture = nullptr;
-  if (!stream || FAILED(::OleLoadPicture(stream.get(), static_cast<LONG>(size), FALSE, IID_IPicture, &picture)))
+  if (!stream || FAILED(::OleLoadPicture(stream.get(), static_cast<LONG>(bytes.size()), FALSE, IID_IPicture, &picture)))
     return nullptr;
   return PictureObject(static_cast<IPicture*>(picture));
 }
@@ -70,12 +91,12 @@ std::optional<Bitmap> DecodePicture(std::string_view bytes) {
 }
 
 void PaintPicture(HDC context, const Rectangle& place, std::string_view bytes) {
-  const PictureObject picture = Load(bytes);
-  OLE_XSIZE_HIMETRIC width = 0;
-  OLE_YSIZE_HIMETRIC height = 0;
-  if (!picture || FAILED(picture->get_Width(&width)) || FAILED(picture->get_Height(&height))) return;
-  // The picture's own rows count from below.
-  picture->Render(context, place.left, place.top, place.Width(), place.Height(), 0, height, width, -height, nullptr);
+  static const GdiPlus session;
+  const Stream stream = StreamOf(bytes);
+  Gdiplus::Image image(stream.get());
+  Gdiplus::Graphics graphics(context);
+  graphics.SetInterpolationMode(Gdiplus::InterpolationModeHighQualityBicubic);
+  graphics.DrawImage(&image, place.left, place.top, place.Width(), place.Height());
 }
 
 }  // namespace sorvex
