@@ -77,10 +77,11 @@ std::string NumberText(double value) {
   // the user's locale, with a separator of its own.
   std::array<char, 32> digits{};
   std::snprintf(digits.data(), digits.size(), "%.15g", value);
-  std::string text = digits.data();
+  const std::string_view text = digits.data();
   const std::string_view separator = std::localeconv()->decimal_point;
-  if (const std::size_t at = text.find(separator); at != std::string::npos) text.replace(at, separator.size(), ".");
-  return text;
+  const std::size_t at = text.find(separator);
+  if (at == std::string_view::npos) return std::string(text);
+  return std::string(text.substr(0, at)) + '.' + std::string(text.substr(at + separator.size()));
 }
 
 }  // namespace sorvex
