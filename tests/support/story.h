@@ -3,6 +3,7 @@
 #pragma once
 
 #include <functional>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -15,6 +16,10 @@
 #include "support/theme_folder.h"
 
 namespace sorvex {
+
+inline void PrintTo(const HeadlessDesktop::Box& box, std::ostream* out) {
+  *out << "[" << box.title << "] " << box.text << " (icon " << static_cast<int>(box.icon) << ")";
+}
 
 class Story {
  public:

@@ -2,20 +2,20 @@
 // Making and removing a test's folder, writing and reading its files.
 #include "support/temp_folder.h"
 
-#include <stdlib.h>  // mkdtemp
-
 #include <fstream>
 #include <iterator>
+#include <random>
 #include <stdexcept>
 
 namespace sorvex {
 
 namespace fs = std::filesystem;
 
-TempFolder::TempFolder() {
-  std::string name = (fs::temp_directory_path() / "sorvex-test-XXXXXX").string();
-  if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("no temporary folder");
-  path_ = name;
+TempFolder::TempFolder(const fs::path& parent) {
+  std::random_device random;
+  do {
+    path_ = parent / ("sorvex-test-" + std::to_string(random()));
+  } while (!fs::create_directory(path_));
 }
 
 TempFolder::~TempFolder() {

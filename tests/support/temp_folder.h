@@ -10,7 +10,7 @@ namespace sorvex {
 
 class TempFolder {
  public:
-  TempFolder();
+  explicit TempFolder(const std::filesystem::path& parent = std::filesystem::temp_directory_path());
   ~TempFolder();
   TempFolder(const TempFolder&) = delete;
   TempFolder& operator=(const TempFolder&) = delete;

@@ -1,0 +1,91 @@
+// SPDX-License-Identifier: MIT
+// A theme's highscore file on this system's disk: its letters, its folder's name, and what stands in the way of writing.
+#include <windows.h>
+
+#include <gtest/gtest.h>
+
+#include "base/runtime_error.h"
+#include "highscores/highscore_table.h"
+#include "highscores/panel.h"
+#include "support/temp_folder.h"
+#include "win32/the_desktop.h"
+
+namespace sorvex {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string Text(const fs::path& path) {
+  const std::u8string text = path.u8string();
+  return {text.begin(), text.end()};
+}
+
+// As written on Linux, where the name of the folder and the letters of the table are the same UTF-8.
+constexpr char8_t kFolder[] = u8"Θέμα 日本";
+constexpr char kTable[] =
+    "\"Ξένια\"\r\n\"24.11.26\"\r\n\"12.5\"\r\n"
+    "\"花子\"\r\n\"24.11.26\"\r\n\"13\"\r\n";
+
+TEST(ATableWrittenElsewhere, IsReadAndWrittenBackWithEveryLetter) {
+  const TempFolder folder(fs::path(std::u8string(reinterpret_cast<const char8_t*>(TheDesktop().ProgramFolder().c_str()))));
+  const fs::path file = folder.Path() / kFolder / "HighScores.ini";
+  const std::string theme = Text(folder.Path().filename() / kFolder);
+  frmMain form;
+  PaintDesign(TheDesktop(), form);
+  BuildHighScoreRows(TheDesktop(), form);
+  const struct {
+    std::string bytes, first, second;
+  } cases[] = {{kTable, "Ξένια", "花子"}, {"Zo\xEB,d,1\r\nM\xFCller,d,2\r\n", "Zoë", "Müller"}};
+  for (const auto& [bytes, first, second] : cases) {
+    WriteFile(file, bytes);
+    for (const char* when : {"as it came", "as it was written back"}) {
+      LoadHighScores(TheDesktop(), form, theme);
+      EXPECT_EQ(HighScoreAt(form, 0).name, first) << when;
+      EXPECT_EQ(HighScoreAt(form, 1).name, second) << when;
+      EXPECT_EQ(HighScoreAt(form, 2).name, "Nobody") << when;
+      SaveHighScores(TheDesktop(), form, theme);
+    }
+    EXPECT_TRUE(ReadWholeFile(file).starts_with("\"" + first + "\"\r\n")) << "in UTF-8 whatever it was";
+  }
+  fs::rename(file, folder.Path() / kFolder / "HIGHSCORES.INI");
+  SaveHighScores(TheDesktop(), form, theme);
+  EXPECT_EQ(std::distance(fs::directory_iterator(folder.Path() / kFolder), {}), 1) << "nothing is left beside it";
+}
+
+TEST(WritingAFile, RefusesWhatIsNotAWritableFileAndLeavesItAlone) {
+  const TempFolder folder;
+  const fs::path root = folder.Path() / kFolder;
+  WriteFile(root / "table.ini", "old");
+  WriteFile(root / "read-only", "old");
+  WriteFile(root / "in use", "old");
+  fs::create_directory(root / "folder");
+  ::SetFileAttributesW((root / "read-only").c_str(), FILE_ATTRIBUTE_READONLY);
+  const HANDLE use =
+      ::CreateFileW((root / "in use").c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
+  ASSERT_NE(use, INVALID_HANDLE_VALUE);
+  const struct {
+    const char* path;
+    int error;  // 0: written
+    const char* holds;
+  } cases[] = {{"table.ini", 0, "new"},      {"new.ini", 0, "new"},    {"read-only", 75, "old"}, {"in use", 75, "old"},
+               {"folder", 75, nullptr},      {"folder/", 75, nullptr}, {"a?b", 75, nullptr},
+               {"nowhere/t.ini", 76, nullptr}};
+  for (const auto& c : cases) {
+    int error = 0;
+    try {
+      TheDesktop().WriteWholeFile(Text(root / c.path), "new");
+    } catch (const RuntimeError& thrown) {
+      error = thrown.Number();
+    }
+    EXPECT_EQ(error, c.error) << c.path;
+    if (c.holds != nullptr) {
+      EXPECT_EQ(ReadWholeFile(root / c.path), c.holds);
+    }
+  }
+  EXPECT_EQ(std::distance(fs::directory_iterator(root), {}), 5) << "nothing is left beside them";
+  ::CloseHandle(use);
+  ::SetFileAttributesW((root / "read-only").c_str(), FILE_ATTRIBUTE_NORMAL);
+}
+
+}  // namespace
+}  // namespace sorvex
