@@ -106,7 +106,11 @@ Long RegistryQuery(RegistryKey key, const std::string& name, std::uint32_t& type
 }
 
 Long RegistrySet(RegistryKey key, const std::string& name, std::uint32_t type, const void* data, std::uint32_t size) {
-  return ::RegSetValueExA(ToNative(key), ToAnsi(name).c_str(), 0, type, static_cast<const BYTE*>(data), size);
+  // A zero right behind a text that has none would be stored with it.
+  std::string bytes(static_cast<const char*>(data), size);
+  bytes += '.';
+  return ::RegSetValueExA(ToNative(key), ToAnsi(name).c_str(), 0, type, reinterpret_cast<const BYTE*>(bytes.data()),
+                          size);
 }
 
 Long RegistryClose(RegistryKey key) { return ::RegCloseKey(ToNative(key)); }
