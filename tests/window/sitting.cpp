@@ -3,6 +3,8 @@
 #include "window/sitting.h"
 
 #include <cmath>
+#include <cstdlib>
+#include <fstream>
 #include <stdexcept>
 #include <utility>
 
@@ -38,22 +40,32 @@ int DevicePixel(int pixel, double scale) { return static_cast<int>(std::ceil(pix
 
 }  // namespace
 
+System TheSystem() {
+  const char* name = std::getenv("SORVEX_SYSTEM");
+  return name != nullptr && std::string(name) == "Windows" ? System::Windows : System::Linux;
+}
+
 Sitting::Sitting(TestTheme itsTheme, double itsScale)
     : theme(std::move(itsTheme)), scale(itsScale), painter_(ThemeFile(""), theme.targetX, theme.targetY) {
   WriteTheme(folder.Path() / "program", theme);
   fs::copy_file(SORVEX_PROGRAM, folder.Path() / "program/Sorvex");
+  if (system == System::Windows) SetUpWine();
   const fs::path home = folder.Path() / "home";
   fs::create_directories(home / "runtime");
   fs::permissions(home / "runtime", fs::perms::owner_all);
   environment = {{"HOME", home},
                  {"XDG_DATA_HOME", home / "data"},
                  {"XDG_RUNTIME_DIR", home / "runtime"},
+                 {"TMPDIR", home},
                  {"LANG", "C.UTF-8"},
                  {"QT_SCALE_FACTOR", std::to_string(scale)},
                  // Nothing of the desktop that the tests run on is to be found.
                  {"DBUS_SESSION_BUS_ADDRESS", "unix:path=" + (home / "runtime/bus").string()},
                  {"PULSE_SERVER", "unix:" + (home / "runtime/sound").string()},
-                 {"PULSE_CLIENTCONFIG", home / "sound.conf"}};
+                 {"PULSE_CLIENTCONFIG", home / "sound.conf"},
+                 {"WINEPREFIX", WinePrefix()},
+                 {"WINEDEBUG", "-all"},
+                 {"WINEDLLOVERRIDES", "mscoree,mshtml="}};
   WriteFile(home / "sound.conf", "enable-shm = no\n");  // not every sandbox lets processes share memory
   screen.emplace(
       std::vector<std::string>{"Xvfb", "-displayfd", "3", "-screen", "0", "1280x1000x24", "-nolisten", "tcp"},
@@ -67,9 +79,26 @@ Sitting::Sitting(TestTheme itsTheme, double itsScale)
   player->Move(1279, 999);
 }
 
+void Sitting::SetUpWine() {
+  fs::copy_file(SORVEX_WINDOWS_PROGRAM, folder.Path() / "program/Sorvex.exe");
+  const fs::path original = SORVEX_WINE_PREFIX;
+  fs::create_directory(WinePrefix());
+  for (const char* file : {"system.reg", "user.reg", "userdef.reg", ".update-timestamp"})
+    fs::copy_file(original / file, WinePrefix() / file);
+  for (const char* shared : {"drive_c", "dosdevices"})
+    fs::create_directory_symlink(original / shared, WinePrefix() / shared);
+  AddToRegistry("[Software\\\\Wine\\\\Drivers]\n\"Graphics\"=\"x11\"\n");
+}
+
+void Sitting::AddToRegistry(const std::string& lines) {
+  std::ofstream(WinePrefix() / "user.reg", std::ios::app) << "\n" << lines;
+}
+
 void Sitting::Start() {
   program.reset();
-  program.emplace(std::vector<std::string>{(folder.Path() / "program/Sorvex").string()}, environment);
+  const std::string path = (folder.Path() / "program/Sorvex").string();
+  program.emplace(system == System::Linux ? std::vector{path} : std::vector<std::string>{"wine", path + ".exe"},
+                  environment);
 }
 
 void Sitting::Open() {
@@ -127,10 +156,14 @@ void Sitting::AwaitPanel(bool shown) {
                 [&] { return std::string(shown ? "the panel does not show" : "the panel does not hide"); });
 }
 
+// Seen before the next movement: some screens join movements that wait behind one another.
 void Sitting::Grab(int x, int y) {
   Hover(x, y);
+  const Rectangle field = Rectangle::At(kFieldAt, kFieldAt, theme.field);
+  const Bitmap before = Look(field);
   player->Press();
   Hover(x, y + 1);
+  sorvex::Await([&] { return Look(field) != before; }, [] { return std::string("no item follows"); });
 }
 
 // A release before the frame that shows the item on the target would send it back.

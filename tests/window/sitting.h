@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// One player before a screen of its own, with a copy of the program and a theme beside it.
+// One player before a screen of its own, with a copy of the program and a theme beside it: the program for Linux, or the
+// one for Windows under Wine.
 #pragma once
 
 #include <filesystem>
@@ -17,6 +18,11 @@ namespace sorvex {
 
 inline constexpr Pixel kWindowGray = 0xFFC0C0C0;
 
+enum class System { Linux, Windows };
+
+/// What the stories are played on, unless one says otherwise: Windows when SORVEX_SYSTEM says so.
+System TheSystem();
+
 class Sitting {
  public:
   /// Sets up the screen and writes the theme; the program is not started.
@@ -24,6 +30,8 @@ class Sitting {
 
   /// Starts the program, again if it ran before.
   void Start();
+  /// Adds lines to the settings of the user on Windows; has its effect before the first start.
+  void AddToRegistry(const std::string& lines);
   /// The same, and waits for the main window and for its keyboard focus.
   void Open();
   /// Waits for a window with that title that takes keys.
@@ -43,6 +51,7 @@ class Sitting {
 
   // Places are pixels of the play field.
   void Hover(int x, int y) { MoveTo(kFieldAt + x, kFieldAt + y); }
+  /// Takes the item there and waits until it follows.
   void Grab(int x, int y);
   /// Takes item `i` out of its cup and to the target, and lets go.
   void PutIn(int i);
@@ -59,6 +68,7 @@ class Sitting {
   TempFolder folder;
   TestTheme theme;
   double scale;
+  System system = TheSystem();
   Environment environment;
   std::optional<Process> screen;
   std::optional<Process> windowManager;
@@ -69,6 +79,9 @@ class Sitting {
  private:
   static constexpr int kFieldAt = 10;  // the play field's frame stands at 8 and is 2 pixels wide
 
+  std::filesystem::path WinePrefix() const { return folder.Path() / "wine"; }
+  /// A Wine prefix of this sitting's own, which shares what is not written with the one that all are made from.
+  void SetUpWine();
   void AwaitPixels(const std::string& when, const std::vector<Placed>& items, std::optional<Placed> cup,
                    const std::function<void()>& beforeEachLook);
   /// The field as it must look on the screen: each device pixel is the field's pixel under its centre.
