@@ -93,10 +93,13 @@ class WindowEnd : public testing::TestWithParam<Moment> {};
 
 TEST_P(WindowEnd, ComesAtOnceAndLeavesEveryFileAsItWas) {
   Sitting sitting(CupTheme(1));
+  const bool boxOpen = GetParam().boxOpen;
+  const bool hasSignals = sitting.system == System::Linux;
   for (const bool closeBox : {true, false}) {
-    if (closeBox && GetParam().boxOpen) continue;
+    if (closeBox ? boxOpen : !boxOpen && !hasSignals) continue;
     GetParam().reach(sitting);
-    if (GetParam().boxOpen) ExpectNoInput(sitting);
+    if (boxOpen) ExpectNoInput(sitting);
+    if (boxOpen && !hasSignals) continue;
     const auto before = FilesIn(sitting.ThemeFile(""));
     const auto asked = std::chrono::steady_clock::now();
     if (closeBox)

@@ -43,7 +43,7 @@ TEST_P(WindowAtScale, APressMeansThePixelSeenThere) {
     sitting.AwaitHover("before a press", atRest, 0);
     sitting.player->Move(column, row.top);
     sitting.player->Press();
-    sitting.player->Move(column, row.top + 1);
+    sitting.player->Move(column, row.bottom);
   };
   for (const int column : {opaque.front() - 1, opaque.back() + 1}) {
     // An item that had followed would be put in, or be sent back with half a second's lock-out.
@@ -58,12 +58,13 @@ TEST_P(WindowAtScale, APressMeansThePixelSeenThere) {
   }
   for (const int column : opaque) {
     press(column);
+    sitting.AwaitField("after a press on the item", {{0, rest.x, rest.y + 1}, sitting.Rest(1)}, sitting.Cup(0));
     for (int x = 180; x < 184; ++x) {
       sitting.Hover(x, x);
       sitting.AwaitField("while dragging", {{0, x - 13, x - 7}, sitting.Rest(1)}, sitting.Cup(0));
     }
     sitting.Hover(275, 195);
-    sitting.AwaitField("after a press on the item", {sitting.Rest(1)}, std::nullopt);
+    sitting.AwaitField("after the item was put in", {sitting.Rest(1)}, std::nullopt);
     sitting.player->Release();
     sitting.StartGame();
   }
