@@ -39,31 +39,47 @@ testing::AssertionResult IsAt(const Rectangle& seen, const Rectangle& designed) 
   return testing::AssertionFailure() << seen.left << ", " << seen.top << " to " << seen.right << ", " << seen.bottom;
 }
 
-TEST(WindowLayout, StandsAsDesigned) {
-  Sitting sitting;
+struct LaidOut {
+  const char* what;
+  Rectangle around;
+  Rectangle designed;
+  bool filled;
+};
+
+void ExpectLayout(Sitting& sitting, Size client, const std::vector<LaidOut>& parts) {
   sitting.Open();
-  const Rectangle client = sitting.player->ClientArea(sitting.window);
-  EXPECT_EQ(client.Width(), 335);
-  EXPECT_EQ(client.Height(), 294);
+  const Rectangle seen = sitting.player->ClientArea(sitting.window);
+  EXPECT_EQ(seen.Width(), client.width);
+  EXPECT_EQ(seen.Height(), client.height);
   ASSERT_TRUE(WaitUntil([&] { return sitting.Look({8, 8, 9, 9}).At(0, 0) == 0xFF808080; })) << "a sunken frame";
-  const struct {
-    const char* what;
-    Rectangle around;
-    Rectangle designed;
-    bool filled;
-  } parts[] = {
-      {"the play field", {0, 0, 335, 250}, {8, 8, 328, 248}, true},
-      {"Start", {0, 250, 157, 294}, {49, 255, 154, 288}, true},
-      {"the about image", {155, 250, 197, 294}, {159, 255, 192, 288}, false},
-      {"HighScores", {195, 250, 304, 294}, {198, 255, 303, 288}, true},
-      {"the folder", {304, 250, 335, 294}, {304, 264, 328, 288}, false},
-  };
-  for (const auto& part : parts) {
+  for (const LaidOut& part : parts) {
     const Rectangle ink = InkIn(sitting, part.around);
     EXPECT_TRUE(IsAt(part.filled ? ink : Intersection(ink, part.designed), part.filled ? part.designed : ink))
         << part.what;
     EXPECT_GT(ink.Width(), part.designed.Width() / 2) << part.what << " is stretched to its place";
   }
+}
+
+TEST(WindowLayout, StandsAsDesigned) {
+  Sitting sitting;
+  ExpectLayout(sitting, {335, 294},
+               {{"the play field", {0, 0, 335, 250}, {8, 8, 328, 248}, true},
+                {"Start", {0, 250, 157, 294}, {49, 255, 154, 288}, true},
+                {"the about image", {155, 250, 197, 294}, {159, 255, 192, 288}, false},
+                {"HighScores", {195, 250, 304, 294}, {198, 255, 303, 288}, true},
+                {"the folder", {304, 250, 335, 294}, {304, 264, 328, 288}, false}});
+}
+
+// 12 twips a pixel: 615 twips from the field to Start are 51.25 pixels, the margins 29.17 and 18.75.
+TEST(WineLayout, StandsAsDesignedAt120DotsAnInch) {
+  Sitting sitting;
+  sitting.AddToRegistry("[Control Panel\\\\Desktop]\n\"LogPixels\"=dword:00000078\n");
+  ExpectLayout(sitting, {341, 298},
+               {{"the play field", {0, 0, 341, 250}, {8, 8, 328, 248}, true},
+                {"Start", {0, 250, 167, 298}, {59, 255, 164, 288}, true},
+                {"the about image", {165, 250, 208, 298}, {169, 255, 202, 288}, false},
+                {"HighScores", {208, 250, 316, 298}, {211, 255, 316, 288}, true},
+                {"the folder", {317, 250, 341, 298}, {317, 264, 341, 288}, false}});
 }
 
 TEST(WindowGame, IsPlayedFromStartToTheStoredName) {
