@@ -70,7 +70,7 @@ HFONT FontFor(const Font& font) {
 }
 
 UINT TextFormat(Alignment alignment, bool wordWrap) {
-  UINT format = DT_NOPREFIX | DT_EXPANDTABS | DT_NOCLIP | DT_TOP;
+  UINT format = DT_NOPREFIX | DT_EXPANDTABS | DT_TOP;
   if (wordWrap) format |= DT_WORDBREAK;
   switch (alignment) {
     case Alignment::Left: return format | DT_LEFT;
