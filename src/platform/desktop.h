@@ -104,6 +104,7 @@ class Desktop {
   /// `data` may be null to learn type and size; `size` is the buffer's size in bytes and becomes the value's.
   virtual Long RegistryQuery(RegistryKey key, const std::string& name, std::uint32_t& type, void* data,
                              std::uint32_t& size) = 0;
+  /// `data` of kRegSz is UTF-8 up to a zero, and `size` how many bytes of it to store in the system's 8-bit encoding.
   virtual Long RegistrySet(RegistryKey key, const std::string& name, std::uint32_t type, const void* data,
                            std::uint32_t size) = 0;
   virtual Long RegistryClose(RegistryKey key) = 0;

@@ -7,6 +7,7 @@
 #include <shellapi.h>
 
 #include <algorithm>
+#include <cstddef>
 #include <string_view>
 
 #include "platform/win32/text.h"
@@ -106,9 +107,10 @@ Long RegistryQuery(RegistryKey key, const std::string& name, std::uint32_t& type
 }
 
 Long RegistrySet(RegistryKey key, const std::string& name, std::uint32_t type, const void* data, std::uint32_t size) {
-  // A zero right behind a text that has none would be stored with it.
-  std::string bytes(static_cast<const char*>(data), size);
-  bytes += '.';
+  const auto* given = static_cast<const char*>(data);
+  std::string bytes = type == kRegSz ? ToAnsi(given) : std::string(given, size);
+  bytes.resize(size);
+  bytes += '.';  // a zero right behind a text that has none would be stored with it
   return ::RegSetValueExA(ToNative(key), ToAnsi(name).c_str(), 0, type, reinterpret_cast<const BYTE*>(bytes.data()),
                           size);
 }
