@@ -1,0 +1,108 @@
+// SPDX-License-Identifier: MIT
+// What becomes of pointer input that the system joins, or takes away.
+#include <windows.h>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <functional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "ui/main_window.h"
+#include "win32/the_desktop.h"
+
+namespace sorvex {
+namespace {
+
+using Events = std::vector<std::string>;
+
+// A window with a field that notes what happens to it. The system's own functions move the pointer.
+class APointer : public testing::Test {
+ protected:
+  /// Runs `story` while the window is shown.
+  void Play(const std::function<void()>& story) {
+    PaintDesign(desktop_, form_);
+    form_.Caption = "Sorvex pointer test";
+    SetClientSize(form_, {335, 294}, desktop_.TwipsPerPixel());
+    const auto note = [this](const char* what, float x, float y) {
+      events_.push_back(std::string(what) + " " + std::to_string(std::lround(x)) + "," + std::to_string(std::lround(y)));
+    };
+    form_.PicCanvas.MouseDown = [=](Integer, Integer, float x, float y) { note("down", x, y); };
+    form_.PicCanvas.MouseMove = [=](Integer, Integer, float x, float y) { note("move", x, y); };
+    form_.PicCanvas.MouseUp = [this](Integer, Integer, float, float) { events_.push_back("up"); };
+    form_.tmrChangePicBack.Interval = 1;
+    form_.tmrChangePicBack.Tick = [&, told = false]() mutable {
+      if (std::exchange(told, true)) return;
+      window_ = ::FindWindowA(nullptr, form_.Caption.c_str());
+      EXPECT_NE(window_, nullptr);
+      story();
+      form_.Loaded = false;
+    };
+    form_.tmrChangePicBack.Start(desktop_.TickCount());
+    desktop_.Show(form_, nullptr);
+  }
+
+  /// To a pixel of the field, with a button going down or up or neither.
+  void Send(int x, int y, DWORD button = 0) {
+    POINT place{10 + x, 10 + y};
+    ::ClientToScreen(window_, &place);
+    const auto scaled = [](LONG pixel, int screen) { return (pixel * 65536 + 32768) / ::GetSystemMetrics(screen); };
+    INPUT input{};
+    input.type = INPUT_MOUSE;
+    input.mi.dwFlags = MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE | button;
+    input.mi.dx = scaled(place.x, SM_CXSCREEN);
+    input.mi.dy = scaled(place.y, SM_CYSCREEN);
+    EXPECT_EQ(::SendInput(1, &input, sizeof input), 1U);
+    ::Sleep(20);  // a tick of the clock that stamps events
+  }
+
+  Events Delivered() {
+    for (int i = 0; i < 3; ++i) desktop_.DeliverEvents(1);
+    return std::exchange(events_, {});
+  }
+
+ private:
+  Desktop& desktop_ = TheDesktop();
+  frmMain form_;
+  HWND window_ = nullptr;
+  Events events_;
+};
+
+TEST_F(APointer, IsSeenAtEveryPlaceThatItPassed) {
+  Play([this] {
+    Send(30, 40);
+    EXPECT_EQ(Delivered(), Events{"move 30,40"});
+    Send(50, 60);
+    Send(50, 60, MOUSEEVENTF_LEFTDOWN);
+    for (const auto& [x, y] : {std::pair{70, 80}, {70, 20}, {-5, -7}, {400, 300}, {90, 100}}) Send(x, y);
+    Send(90, 100, MOUSEEVENTF_LEFTUP);
+    EXPECT_EQ(Delivered(), (Events{"move 50,60", "down 50,60", "move 70,80", "move 70,20", "move -5,-7",
+                                   "move 400,300", "move 90,100", "up"}));
+  });
+}
+
+TEST_F(APointer, ThatIsTakenAwayHasLetGo) {
+  Play([this] {
+    const std::pair<const char*, std::function<void()>> losses[] = {
+        {"a lost capture", [] { ::ReleaseCapture(); }},
+        {"a second button", [this] { Send(50, 60, MOUSEEVENTF_RIGHTDOWN), Send(50, 60, MOUSEEVENTF_RIGHTUP); }},
+    };
+    for (const auto& [what, lose] : losses) {
+      Send(50, 60);
+      Delivered();
+      Send(50, 60, MOUSEEVENTF_LEFTDOWN);
+      EXPECT_EQ(Delivered(), Events{"down 50,60"});
+      lose();
+      const Events events = Delivered();
+      EXPECT_EQ(std::ranges::count(events, "up"), 1) << what << testing::PrintToString(events);
+      Send(50, 60, MOUSEEVENTF_LEFTUP);
+      Delivered();
+    }
+  });
+}
+
+}  // namespace
+}  // namespace sorvex
