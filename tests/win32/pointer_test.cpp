@@ -56,7 +56,6 @@ class APointer : public testing::Test {
     input.mi.dx = scaled(place.x, SM_CXSCREEN);
     input.mi.dy = scaled(place.y, SM_CYSCREEN);
     EXPECT_EQ(::SendInput(1, &input, sizeof input), 1U);
-    ::Sleep(20);  // a tick of the clock that stamps events
   }
 
   Events Delivered() {

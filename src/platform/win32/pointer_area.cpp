@@ -6,6 +6,7 @@
 
 #include <array>
 #include <exception>
+#include <utility>
 
 #include "platform/win32/built_ins.h"
 #include "platform/win32/painting.h"
@@ -25,24 +26,34 @@ Integer ShiftOf(WPARAM keys) {
 
 bool AnyButton(WPARAM keys) { return (keys & (MK_LBUTTON | MK_RBUTTON | MK_MBUTTON)) != 0; }
 
+// Place on the screen and time of the event that is being delivered, in the form of GetMouseMovePointsEx: places are
+// 16-bit numbers there.
+MOUSEMOVEPOINT DeliveredEvent() {
+  const DWORD place = ::GetMessagePos();
+  MOUSEMOVEPOINT event{};
+  event.x = LOWORD(place);
+  event.y = HIWORD(place);
+  event.time = static_cast<DWORD>(::GetMessageTime());
+  return event;
+}
+
+// The clock that stamps events is slow: of two in one tick, the place tells which of them is `last`.
+bool IsAfter(const MOUSEMOVEPOINT& point, const MOUSEMOVEPOINT& last) {
+  const auto later = static_cast<LONG>(point.time - last.time);
+  return point.time != 0 &&
+         (later > 0 || (later == 0 && (LOWORD(point.x) != LOWORD(last.x) || LOWORD(point.y) != LOWORD(last.y))));
+}
+
 // The system joins movements that wait for delivery; the ones between are in its history (GetMouseMovePointsEx).
-// Calls `deliver` with each place of `window` that the pointer passed after `since` and before the delivered movement.
+// Calls `deliver` with each place of `window` that the pointer passed after the event `last` and before `now`.
 template <class Deliver>
-void ForEachJoinedMove(HWND window, DWORD since, POINT last, const Deliver& deliver) {
+void ForEachJoinedMove(HWND window, const MOUSEMOVEPOINT& last, MOUSEMOVEPOINT now, const Deliver& deliver) {
   constexpr int kMost = 64;
-  constexpr int kCoordinateBits = 0xFFFF;
-  ::ClientToScreen(window, &last);
-  MOUSEMOVEPOINT now{};
-  now.x = last.x & kCoordinateBits;
-  now.y = last.y & kCoordinateBits;
-  now.time = static_cast<DWORD>(::GetMessageTime());
   std::array<MOUSEMOVEPOINT, kMost> points{};
   const int count = ::GetMouseMovePointsEx(sizeof now, &now, points.data(), kMost, GMMP_USE_DISPLAY_POINTS);
-  // The newest is the delivered one; a time that is not after the last event's is another event's history.
+  // The newest is `now` itself.
   int oldest = 0;
-  while (oldest + 1 < count && static_cast<LONG>(points[static_cast<std::size_t>(oldest) + 1].time - since) > 0 &&
-         points[static_cast<std::size_t>(oldest) + 1].time != 0)
-    ++oldest;
+  while (oldest + 1 < count && IsAfter(points[static_cast<std::size_t>(oldest) + 1], last)) ++oldest;
   for (; oldest > 0; --oldest) {
     const MOUSEMOVEPOINT& point = points[static_cast<std::size_t>(oldest)];
     // On screens left of and above the first one, places are negative 16-bit numbers.
@@ -93,7 +104,7 @@ LRESULT PointerArea::Receive(UINT message, WPARAM first, LPARAM second) {
 }
 
 void PointerArea::Press(Integer button, WPARAM keys, POINT place) {
-  context_.lastMessage = static_cast<DWORD>(::GetMessageTime());
+  context_.lastEvent = DeliveredEvent();
   if (surface_ != nullptr && surface_->TabIndex >= 0) ::SetFocus(Handle());
   if (::GetCapture() != Handle()) ::SetCapture(Handle());
   const int frame = FrameOffset();
@@ -104,13 +115,13 @@ void PointerArea::Press(Integer button, WPARAM keys, POINT place) {
 }
 
 void PointerArea::Move(WPARAM keys, POINT place) {
-  const DWORD since = context_.lastMessage;
-  context_.lastMessage = static_cast<DWORD>(::GetMessageTime());
+  const MOUSEMOVEPOINT now = DeliveredEvent();
+  const MOUSEMOVEPOINT last = std::exchange(context_.lastEvent, now);
   const Integer shift = ShiftOf(keys);
   RECT inside{};
   ::GetClientRect(Handle(), &inside);
   const bool captured = ::GetCapture() == Handle();
-  ForEachJoinedMove(Handle(), since, place, [&](POINT passed) {
+  ForEachJoinedMove(Handle(), last, now, [&](POINT passed) {
     if (captured || ::PtInRect(&inside, passed) != 0) MoveTo(passed, shift);
   });
   MoveTo(place, shift);
@@ -124,7 +135,7 @@ void PointerArea::MoveTo(POINT place, Integer shift) {
 }
 
 void PointerArea::Release(Integer button, WPARAM keys, POINT place) {
-  context_.lastMessage = static_cast<DWORD>(::GetMessageTime());
+  context_.lastEvent = DeliveredEvent();
   const bool last = !AnyButton(keys);
   const int frame = FrameOffset();
   context_.handlers.Run([&] {

@@ -16,7 +16,7 @@ struct FormContext {
   Desktop& desktop;
   Handlers& handlers;
   PointerInput pointer{form};
-  DWORD lastMessage = 0;  ///< when the last pointer event happened, message time
+  MOUSEMOVEPOINT lastEvent{};  ///< the last pointer event, as DeliveredEvent() had it
 };
 
 class PointerArea : public NativeWindow {
