@@ -1,11 +1,17 @@
 #!/bin/sh
 # SPDX-License-Identifier: MIT
-# Installs what is missing, builds everything and runs every test, the core's also under the sanitizers.
+# Installs what is missing, builds everything and runs every test, those of Windows under Wine, the core's also under the
+# sanitizers. The program for 32-bit Windows is only built: this Wine runs 64-bit programs.
 set -eu
 cd "$(dirname "$0")"
 . tools/packages.sh
 # shellcheck disable=SC2086  # a list of words
-need $play_packages $test_packages
+need $play_packages $test_packages $windows_packages
+cmake --preset windows-i686 -DSORVEX_WERROR=ON
+cmake --build --preset windows-i686
+cmake --preset windows-x86_64 -DSORVEX_WERROR=ON -DSORVEX_TESTS=ON
+cmake --build --preset windows-x86_64
+ctest --preset windows-x86_64
 cmake --preset dev
 cmake --build --preset dev
 ctest --preset dev

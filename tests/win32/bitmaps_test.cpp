@@ -46,12 +46,8 @@ const Kind kKinds[] = {
     {"4 bits", File(4, 0, "\x04\x10\0\0\x12\x30\0\0"s), kThree},
     {"8 bits", File(8, 0, "\0\4\1\0\1\2\3\0"s), kThree},
     {"16 bits", File(16, 0, "\0\0\xFF\x7F\0\x7C\0\0\0\x7C\xE0\x03\x1F\0\0\0"s), kThree},
-    {"24 bits",
-     File(24, 0, "\0\0\0\xFF\xFF\xFF\0\0\xFF\0\0\0"s + "\0\0\xFF\0\xFF\0\xFF\0\0\0\0\0"s),
-     kThree},
-    {"32 bits",
-     File(32, 0, "\0\0\0\0\xFF\xFF\xFF\0\0\0\xFF\0"s + "\0\0\xFF\0\0\xFF\0\0\xFF\0\0\0"s),
-     kThree},
+    {"24 bits", File(24, 0, "\0\0\0\xFF\xFF\xFF\0\0\xFF\0\0\0"s + "\0\0\xFF\0\xFF\0\xFF\0\0\0\0\0"s), kThree},
+    {"32 bits", File(32, 0, "\0\0\0\0\xFF\xFF\xFF\0\0\0\xFF\0"s + "\0\0\xFF\0\0\xFF\0\0\xFF\0\0\0"s), kThree},
     {"rows from the top", File(8, 0, "\1\2\3\0\0\4\1\0"s, -2), kThree},
     {"runs of 8 bits", File(8, 1, "\0\3\0\4\1\0\0\0"s + "\1\1\1\2\1\3\0\1"s), kThree},
     {"runs of 4 bits", File(4, 2, "\0\3\x04\x10\0\0"s + "\3\x12\0\1"s), {kRed, kGreen, kRed, kBlack, kWhite, kRed}},
@@ -69,13 +65,13 @@ TEST(Bitmaps, OfEveryDepthAreReadToThePixel) {
 }
 
 TEST(Bitmaps, ThatAreNoneAreRefused) {
-  for (const std::string& bytes : {""s, "B"s, "BM"s, "BM"s + std::string(52, '\0'), std::string(200, 'x'), "GIF89a"s,
-                                   "\xFF\xD8\xFF\xE0"s})
+  for (const std::string& bytes :
+       {""s, "B"s, "BM"s, "BM"s + std::string(52, '\0'), std::string(200, 'x'), "GIF89a"s, "\xFF\xD8\xFF\xE0"s})
     EXPECT_FALSE(TheDesktop().DecodeBitmap(bytes)) << testing::PrintToString(bytes);
 }
 
-// The reader gets no file but one that passed the check. Whatever it makes of that one, it lives on, with pixels for all
-// that it says.
+// The reader gets no file but one that passed the check. Whatever it makes of that one, it lives on, with pixels for
+// all that it says.
 TEST(Bitmaps, DamagedOnesHarmNothing) {
   Random random;
   SCOPED_TRACE(random.Seed);
@@ -85,7 +81,8 @@ TEST(Bitmaps, DamagedOnesHarmNothing) {
     for (int changes = random.Number(1, 4); changes > 0; --changes)
       file[static_cast<std::size_t>(random.Number(0, static_cast<int>(std::min<std::size_t>(file.size(), 80)) - 1))] =
           static_cast<char>(random.Number(0, 1) == 0 ? random.Number(0, 4) : random.Number(0, 255));
-    if (random.Number(0, 3) == 0) file.resize(static_cast<std::size_t>(random.Number(0, static_cast<int>(file.size()))));
+    if (random.Number(0, 3) == 0)
+      file.resize(static_cast<std::size_t>(random.Number(0, static_cast<int>(file.size()))));
     const std::optional<Size> size = DeclaredSize(file);
     if (!size) continue;
     const std::optional<Bitmap> bitmap = TheDesktop().DecodeBitmap(file);

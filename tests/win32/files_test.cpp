@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// A theme's highscore file on this system's disk: its letters, its folder's name, and what stands in the way of writing.
+// A theme's highscore file on this system's disk: its letters, its folder's name, and what stands in the way of
+// writing.
 #include <windows.h>
-
 #include <gtest/gtest.h>
 
 #include "base/runtime_error.h"
@@ -27,7 +27,8 @@ constexpr char kTable[] =
     "\"花子\"\r\n\"24.11.26\"\r\n\"13\"\r\n";
 
 TEST(ATableWrittenElsewhere, IsReadAndWrittenBackWithEveryLetter) {
-  const TempFolder folder(fs::path(std::u8string(reinterpret_cast<const char8_t*>(TheDesktop().ProgramFolder().c_str()))));
+  const TempFolder folder(
+      fs::path(std::u8string(reinterpret_cast<const char8_t*>(TheDesktop().ProgramFolder().c_str()))));
   const fs::path file = folder.Path() / kFolder / "HighScores.ini";
   const std::string theme = Text(folder.Path().filename() / kFolder);
   frmMain form;
@@ -67,9 +68,9 @@ TEST(WritingAFile, RefusesWhatIsNotAWritableFileAndLeavesItAlone) {
     const char* path;
     int error;  // 0: written
     const char* holds;
-  } cases[] = {{"table.ini", 0, "new"},      {"new.ini", 0, "new"},    {"read-only", 75, "old"}, {"in use", 75, "old"},
-               {"folder", 75, nullptr},      {"folder/", 75, nullptr}, {"a?b", 75, nullptr},
-               {"nowhere/t.ini", 76, nullptr}};
+  } cases[] = {{"table.ini", 0, "new"}, {"new.ini", 0, "new"},         {"read-only", 75, "old"},
+               {"in use", 75, "old"},   {"folder", 75, nullptr},       {"folder/", 75, nullptr},
+               {"a?b", 75, nullptr},    {"nowhere/t.ini", 76, nullptr}};
   for (const auto& c : cases) {
     int error = 0;
     try {

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Drawing and the contact test held against GDI itself, of which every other test's raster operations are a copy.
 #include <windows.h>
-
 #include <gtest/gtest.h>
 
 #include <memory>
@@ -29,7 +28,8 @@ class Dib {
     info.bmiHeader.biBitCount = 32;
     void* pixels = nullptr;
     bitmap_ = ::CreateDIBSection(context_, &info, DIB_RGB_COLORS, &pixels, nullptr, 0);
-    pixels_ = {static_cast<Pixel*>(pixels), static_cast<std::size_t>(size.width) * static_cast<std::size_t>(size.height)};
+    pixels_ = {static_cast<Pixel*>(pixels),
+               static_cast<std::size_t>(size.width) * static_cast<std::size_t>(size.height)};
     before_ = ::SelectObject(context_, bitmap_);
     Clear(fill);
   }
@@ -96,10 +96,9 @@ TEST(Gdi, DrawsThroughMasksAndCopiesFramesToTheSamePixels) {
     const Frame frame = random.Number(0, 1) == 0 ? Frame::Sunken : Frame::Flat;
     const Size pictureSize = size(24);
     const PictureBox picture = AutoSurface(random.Bitmap(pictureSize, Colours::Any), frame);
-    const PictureBox mask = AutoSurface(
-        random.Bitmap(random.Number(0, 1) == 0 ? pictureSize : size(30),
-                      random.Number(0, 2) == 0 ? Colours::Any : Colours::MaskLike),
-        frame);
+    const PictureBox mask = AutoSurface(random.Bitmap(random.Number(0, 1) == 0 ? pictureSize : size(30),
+                                                      random.Number(0, 2) == 0 ? Colours::Any : Colours::MaskLike),
+                                        frame);
     const Bitmap background = random.Bitmap(size(40), Colours::Any);
     Bitmap field = random.Bitmap(size(40), Colours::Any);
     const int x = random.Number(-35, 45), y = random.Number(-35, 45);

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 // What becomes of pointer input that the system joins, or takes away.
 #include <windows.h>
-
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -28,7 +27,8 @@ class APointer : public testing::Test {
     form_.Caption = "Sorvex pointer test";
     SetClientSize(form_, {335, 294}, desktop_.TwipsPerPixel());
     const auto note = [this](const char* what, float x, float y) {
-      events_.push_back(std::string(what) + " " + std::to_string(std::lround(x)) + "," + std::to_string(std::lround(y)));
+      events_.push_back(std::string(what) + " " + std::to_string(std::lround(x)) + "," +
+                        std::to_string(std::lround(y)));
     };
     form_.PicCanvas.MouseDown = [=](Integer, Integer, float x, float y) { note("down", x, y); };
     form_.PicCanvas.MouseMove = [=](Integer, Integer, float x, float y) { note("move", x, y); };
@@ -78,8 +78,8 @@ TEST_F(APointer, IsSeenAtEveryPlaceThatItPassed) {
     Send(50, 60, MOUSEEVENTF_LEFTDOWN);
     for (const auto& [x, y] : {std::pair{70, 80}, {70, 20}, {-5, -7}, {400, 300}, {90, 100}}) Send(x, y);
     Send(90, 100, MOUSEEVENTF_LEFTUP);
-    EXPECT_EQ(Delivered(), (Events{"move 50,60", "down 50,60", "move 70,80", "move 70,20", "move -5,-7",
-                                   "move 400,300", "move 90,100", "up"}));
+    EXPECT_EQ(Delivered(), (Events{"move 50,60", "down 50,60", "move 70,80", "move 70,20", "move -5,-7", "move 400,300",
+                                   "move 90,100", "up"}));
   });
 }
 

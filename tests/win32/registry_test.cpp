@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The registry module over the system's own functions.
 #include <windows.h>
-
 #include <aclapi.h>
 #include <gtest/gtest.h>
 

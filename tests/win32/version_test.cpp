@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 // The version resource: what the program reads of itself, and what the shell shows of it.
-#include <windows.h>
+#include "platform/version.h"
 
+#include <windows.h>
 #include <gtest/gtest.h>
 
 #include <vector>
 
-#include "platform/version.h"
 #include "win32/the_desktop.h"
 
 namespace sorvex {
@@ -43,8 +43,8 @@ TEST(Version, OfTheProgramHasEveryField) {
                                                         {"CompanyName", "."},
                                                         {"LegalCopyright", version::kLegalCopyright}};
   for (const auto& [name, text] : fields) {
-    ASSERT_TRUE(::VerQueryValueA(resource.data(), (std::string("\\StringFileInfo\\040904B0\\") + name).c_str(), &data,
-                                 &size))
+    ASSERT_TRUE(
+        ::VerQueryValueA(resource.data(), (std::string("\\StringFileInfo\\040904B0\\") + name).c_str(), &data, &size))
         << name;
     EXPECT_STREQ(static_cast<const char*>(data), text) << name;
   }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// One player before a screen of its own, with a copy of the program and a theme beside it: the program for Linux, or the
-// one for Windows under Wine.
+// One player before a screen of its own, with a copy of the program and a theme beside it: the program for Linux, or
+// the one for Windows under Wine.
 #pragma once
 
 #include <filesystem>
