@@ -1,17 +1,26 @@
 // SPDX-License-Identifier: MIT
-// Drawing the generated games' pictures.
+// Drawing the generated games' pictures and writing them as themes.
 #include "scene.h"
 
 #include <algorithm>
-#include <cmath>
+#include <cstdlib>
 #include <functional>
 #include <random>
+#include <string>
+#include <string_view>
 #include <utility>
+
+#include "support/temp_folder.h"
+#include "support/theme_folder.h"
 
 namespace sorvex::bench {
 namespace {
 
 constexpr int kGap = 5;  // between a container's wall and the item at rest
+
+// A wave file of 8,000 samples of 8 bits a second that has none.
+constexpr std::string_view kSilence(
+    "RIFF\x24\0\0\0WAVEfmt \x10\0\0\0\1\0\1\0\x40\x1F\0\0\x40\x1F\0\0\1\0\x8\0data\0\0\0\0", 44);
 
 using Shape = std::function<bool(int x, int y)>;
 
@@ -53,6 +62,12 @@ Shape Ring(Size size) {
   };
 }
 
+// SORVEX_BENCH_SEED draws other pictures.
+std::uint32_t Seed() {
+  const char* chosen = std::getenv("SORVEX_BENCH_SEED");
+  return chosen == nullptr ? 20261124 : static_cast<std::uint32_t>(std::strtoul(chosen, nullptr, 10));
+}
+
 void SetPair(PictureBox& picture, PictureBox& mask, Bitmap shape, std::mt19937& random) {
   picture.SetPicture(MakePicture(Coloured(shape, random)));
   mask.SetPicture(MakeMask(std::move(shape)));
@@ -60,8 +75,8 @@ void SetPair(PictureBox& picture, PictureBox& mask, Bitmap shape, std::mt19937& 
 
 }  // namespace
 
-Scene::Scene(const SceneDesign& design, std::uint32_t seed) : desktop("", "") {
-  std::mt19937 random(seed);
+Scene::Scene(Desktop& desktop, const SceneDesign& design) : game{desktop, form, state} {
+  std::mt19937 random(Seed());
   PaintDesign(desktop, form);
   form.picBg1.SetPicture(MakePicture(Coloured(Mask(design.field, [](int, int) { return true; }), random)));
   form.picBG2.SetPicture(MakeTwin(form.picBg1.PictureObject()));
@@ -86,6 +101,33 @@ Scene::Scene(const SceneDesign& design, std::uint32_t seed) : desktop("", "") {
     state.ItemInPlay(i) = true;
     state.ContInPlay(i) = true;
   }
+}
+
+void WriteTheme(const Scene& scene, const std::filesystem::path& folder) {
+  const frmMain& form = scene.form;
+  const modVariables& state = scene.state;
+  const auto write = [&folder](const std::string& name, const PictureBox& picture) {
+    WriteFile(folder / (name + ".bmp"), BmpBytes(picture.Image()));
+  };
+  std::string places;
+  for (Integer i = 0; i <= state.LastItem; ++i) {
+    for (const Integer place : {state.ItemX(i), state.ItemY(i), state.ContX(i), state.ContY(i)})
+      places += std::to_string(place) + "\r\n";
+    const std::string number = std::to_string(i);
+    write("ss" + number, form.PicSprite(i));
+    write("sm" + number, form.PicMask(i));
+    write("cs" + number, form.picCont(i));
+    write("cm" + number, form.PicContMask(i));
+  }
+  write("bg", form.picBg1);
+  write("pS", form.PicPlainSprite(0));
+  write("pM", form.PicPlainMask(0));
+  WriteFile(folder / "Theme.ini", places);
+  WriteFile(folder / "Theme2.ini", std::to_string(state.PlainX(0)) + "," + std::to_string(state.PlainY(0)) + "\r\n");
+  WriteFile(folder / "ThemeDetails.ini", "\"Generated\"\r\n\"01/02/03\"\r\n");
+  WriteFile(folder / "HighScores.ini", HighScoreFile({}));
+  for (const char* sound : {"HitTube.wav", "PutInCont.wav", "Pickup.wav", "LetGo.wav"})
+    WriteFile(folder / sound, kSilence);
 }
 
 }  // namespace sorvex::bench

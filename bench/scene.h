@@ -3,9 +3,9 @@
 #pragma once
 
 #include <cstdint>
+#include <filesystem>
 
 #include "game/game.h"
-#include "platform/headless/headless_desktop.h"
 
 namespace sorvex::bench {
 
@@ -27,12 +27,14 @@ inline constexpr SceneDesign kScenes[] = {
 /// A game in progress with item 0 standing inside its container without touching it.
 class Scene {
  public:
-  Scene(const SceneDesign& design, std::uint32_t seed);
+  Scene(Desktop& desktop, const SceneDesign& design);
 
   frmMain form;
   modVariables state;
-  HeadlessDesktop desktop;
-  Game game{desktop, form, state};
+  Game game;
 };
+
+/// Writes the theme folder that such a game is loaded from.
+void WriteTheme(const Scene& scene, const std::filesystem::path& folder);
 
 }  // namespace sorvex::bench

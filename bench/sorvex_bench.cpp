@@ -3,18 +3,30 @@
 // docs/performance.md says what each may cost.
 #include <benchmark/benchmark.h>
 
+#include <QImage>
+#include <cstdlib>
 #include <cstring>
+#include <filesystem>
+#include <memory>
 #include <string>
+#include <vector>
 
 #include "game/collision.h"
 #include "game/render_loop.h"
 #include "game/return_item.h"
+#include "highscores/panel.h"
+#include "platform/headless/headless_desktop.h"
 #include "scene.h"
+#include "support/temp_folder.h"
+#include "themes/load_theme.h"
 
 namespace sorvex::bench {
 namespace {
 
-constexpr std::uint32_t kSeed = 20261124;
+/// A game whose surfaces are shown nowhere.
+struct UnseenScene : private HeadlessDesktop, Scene {
+  explicit UnseenScene(const SceneDesign& design) : HeadlessDesktop("", ""), Scene(*this, design) {}
+};
 
 // Copies one field of pixels.
 void Memcpy(benchmark::State& run, const SceneDesign& design) {
@@ -29,7 +41,7 @@ void Memcpy(benchmark::State& run, const SceneDesign& design) {
 
 // A full redraw and both tests: nothing is known of the last frame.
 void Frame(benchmark::State& run, const SceneDesign& design) {
-  Scene scene(design, kSeed);
+  UnseenScene scene(design);
   for (auto _ : run) {
     scene.game.frame.backbuffRevision = scene.game.frame.canvasRevision = 0;
     scene.game.frame.settled = false;
@@ -40,7 +52,7 @@ void Frame(benchmark::State& run, const SceneDesign& design) {
 
 // The frame after the dragged item moved by 3 pixels, there and back.
 void Moving(benchmark::State& run, const SceneDesign& design) {
-  Scene scene(design, kSeed);
+  UnseenScene scene(design);
   scene.state.ItemY(0) = static_cast<Integer>(scene.state.ItemY(0) - 4);
   Integer step = 3;
   for (auto _ : run) {
@@ -53,7 +65,7 @@ void Moving(benchmark::State& run, const SceneDesign& design) {
 
 // The next frame when nothing changed.
 void Still(benchmark::State& run, const SceneDesign& design) {
-  Scene scene(design, kSeed);
+  UnseenScene scene(design);
   while (DrawAndTestFrame(scene.game)) {
   }
   for (auto _ : run)
@@ -67,7 +79,7 @@ bool Touches(const Scene& scene, PictureBox& work) {
 }
 
 void Contact(benchmark::State& run, const SceneDesign& design) {
-  Scene scene(design, kSeed);
+  UnseenScene scene(design);
   Touches(scene, scene.form.picCD);  // from here on the work surface has the item's size
   for (auto _ : run)
     if (Touches(scene, scene.form.picCD)) run.SkipWithError("the item touches its container");
@@ -75,7 +87,7 @@ void Contact(benchmark::State& run, const SceneDesign& design) {
 
 // The same question asked of the two masks' pixels, one by one.
 void ContactByPixel(benchmark::State& run, const SceneDesign& design) {
-  const Scene scene(design, kSeed);
+  const UnseenScene scene(design);
   const Bitmap& item = scene.form.PicMask(0).Image();
   const Bitmap& container = scene.form.PicContMask(0).Image();
   const int dx = scene.state.ItemX(0) - scene.state.ContX(0);
@@ -93,7 +105,7 @@ void ContactByPixel(benchmark::State& run, const SceneDesign& design) {
 
 // The whole slide of an item from 300 pixels away back to its rest.
 void Slide(benchmark::State& run, const SceneDesign& design) {
-  Scene scene(design, kSeed);
+  UnseenScene scene(design);
   modVariables& state = scene.state;
   const auto restX = static_cast<Integer>(state.ContX(0) + 5);
   const auto farX = static_cast<Integer>(restX + 300 < design.field.width ? restX + 300 : restX - 300);
@@ -104,17 +116,47 @@ void Slide(benchmark::State& run, const SceneDesign& design) {
   }
 }
 
-void Register(const std::string& name, void (*work)(benchmark::State&, const SceneDesign&)) {
+/// A theme of the scene's sizes with as many items as a theme may have.
+struct StoredTheme {
+  explicit StoredTheme(SceneDesign design) {
+    design.items = kMostItems;
+    WriteTheme(UnseenScene(design), folder.Path());
+  }
+  TempFolder folder;
+};
+
+// The toolkit's front end loads a theme whose files the system has in memory.
+void LoadTheme(benchmark::State& run, const SceneDesign& design, Desktop& desktop) {
+  const StoredTheme theme(design);
+  frmMain form;
+  modVariables state;
+  Game game{desktop, form, state};
+  PaintDesign(desktop, form);
+  BuildHighScoreRows(desktop, form);
+  state.ThemeName = theme.folder.Path();
+  for (auto _ : run)
+    if (!sorvex::LoadTheme(game, state.ThemeName)) run.SkipWithError("no theme was loaded");
+}
+
+// The toolkit's reader alone reads and decodes the same files.
+void DecodeFiles(benchmark::State& run, const SceneDesign& design) {
+  const StoredTheme theme(design);
+  std::vector<QString> bitmaps;
+  for (const auto& file : std::filesystem::directory_iterator(theme.folder.Path()))
+    if (file.path().extension() == ".bmp") bitmaps.push_back(QString::fromStdString(file.path()));
+  for (auto _ : run)
+    for (const QString& bitmap : bitmaps)
+      if (QImage(bitmap, "BMP").isNull()) run.SkipWithError("a bitmap was not read");
+}
+
+template <class Work>
+void Register(const std::string& name, const Work& work) {
   for (const SceneDesign& design : kScenes)
     benchmark::RegisterBenchmark((name + "/" + design.name).c_str(),
                                  [work, &design](benchmark::State& run) { work(run, design); });
 }
 
-}  // namespace
-}  // namespace sorvex::bench
-
-int main(int argc, char** argv) {
-  using namespace sorvex::bench;
+void RegisterAll(Desktop& desktop) {
   Register("Memcpy", Memcpy);
   Register("Frame", Frame);
   Register("Moving", Moving);
@@ -122,6 +164,18 @@ int main(int argc, char** argv) {
   Register("Contact", Contact);
   Register("ContactByPixel", ContactByPixel);
   Register("Slide", Slide);
+  Register("DecodeFiles", DecodeFiles);
+  Register("LoadTheme",
+           [&desktop](benchmark::State& run, const SceneDesign& design) { LoadTheme(run, design, desktop); });
+}
+
+}  // namespace
+}  // namespace sorvex::bench
+
+int main(int argc, char** argv) {
+  ::setenv("QT_QPA_PLATFORM", "offscreen", 0);
+  const std::unique_ptr<sorvex::Desktop> desktop = sorvex::MakeDesktop(argc, argv);
+  sorvex::bench::RegisterAll(*desktop);
   benchmark::Initialize(&argc, argv);
   if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
   benchmark::RunSpecifiedBenchmarks();

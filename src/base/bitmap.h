@@ -3,6 +3,8 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
+#include <new>
 #include <span>
 #include <vector>
 
@@ -16,9 +18,27 @@ using Pixel = std::uint32_t;
 inline constexpr Pixel kBlack = 0xFF000000;
 inline constexpr Pixel kWhite = 0xFFFFFFFF;
 
+/// Allocates memory that is not filled before it is first written.
+template <class T>
+struct UnfilledAllocator : std::allocator<T> {
+  template <class U>
+  struct rebind {
+    using other = UnfilledAllocator<U>;
+  };
+  void construct(T* place) { ::new (place) T; }
+  void construct(T* place, const T& value) { ::new (place) T(value); }
+};
+
 class Bitmap {
  public:
   Bitmap() = default;
+  /// Pixels of any colour, for those who set them all.
+  static Bitmap Unpainted(Size size) {
+    Bitmap bitmap;
+    bitmap.size_ = size;
+    bitmap.pixels_.resize(static_cast<std::size_t>(size.width) * static_cast<std::size_t>(size.height));
+    return bitmap;
+  }
   explicit Bitmap(Size size, Pixel fill = kBlack)
       : size_(size), pixels_(static_cast<std::size_t>(size.width) * static_cast<std::size_t>(size.height), fill) {}
 
@@ -39,7 +59,7 @@ class Bitmap {
   std::size_t Offset(int y) const { return static_cast<std::size_t>(y) * static_cast<std::size_t>(size_.width); }
 
   Size size_;
-  std::vector<Pixel> pixels_;
+  std::vector<Pixel, UnfilledAllocator<Pixel>> pixels_;
 };
 
 }  // namespace sorvex

@@ -22,10 +22,11 @@ std::string ToText(const fs::path& path) {
 }
 
 // Opening a pipe would wait for its writer, and a folder opens on some systems: only plain files count.
-std::ifstream OpenPlainFile(const std::string& path) {
+std::ifstream OpenPlainFile(const std::string& name) {
+  const fs::path path = ToPath(name);
   std::error_code error;
-  if (!fs::is_regular_file(ToPath(path), error)) return {};
-  return std::ifstream(ToPath(path), std::ios::binary);
+  if (!fs::is_regular_file(path, error)) return {};
+  return std::ifstream(path, std::ios::binary);
 }
 
 }  // namespace
@@ -33,17 +34,17 @@ std::ifstream OpenPlainFile(const std::string& path) {
 std::string JoinPath(std::string_view folder, std::string_view name) { return ToText(ToPath(folder) / ToPath(name)); }
 
 std::string FindFile(std::string_view folder, std::string_view name) {
-  const std::string named = JoinPath(folder, name);
+  const fs::path named = ToPath(folder) / ToPath(name);
   std::error_code error;
-  if (fs::exists(ToPath(named), error)) return named;
+  if (fs::exists(named, error)) return ToText(named);
   std::optional<std::string> found;
   for (auto entry = fs::directory_iterator(ToPath(folder), error); !error && entry != fs::directory_iterator();
        entry.increment(error)) {
     if (!EqualIgnoringCase(ToText(entry->path().filename()), name)) continue;
-    if (found) return named;
+    if (found) return ToText(named);
     found = ToText(entry->path());
   }
-  return found.value_or(named);
+  return found.value_or(ToText(named));
 }
 
 std::vector<std::string> FoldersIn(std::string_view folder) {
@@ -59,9 +60,10 @@ std::vector<std::string> FoldersIn(std::string_view folder) {
 
 std::optional<std::string> ReadFile(const std::string& path, std::uintmax_t limit) {
   std::ifstream file = OpenPlainFile(path);
-  std::error_code error;
-  const std::uintmax_t size = fs::file_size(ToPath(path), error);
-  if (!file.is_open() || error || size > limit) return std::nullopt;
+  if (!file.is_open()) return std::nullopt;
+  const auto size = static_cast<std::streamoff>(file.seekg(0, std::ios::end).tellg());
+  if (size < 0 || static_cast<std::uintmax_t>(size) > limit) return std::nullopt;
+  file.seekg(0);
   std::string bytes(static_cast<std::size_t>(size), '\0');
   file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
   if (file.bad()) return std::nullopt;

@@ -22,8 +22,8 @@ class BitPlane {
 
   Size Extent() const { return size_; }
   int WordsPerRow() const { return wordsPerRow_; }
-  void Set(int x, int y) { words_[Offset(y) + static_cast<std::size_t>(x / 64)] |= std::uint64_t{1} << (x % 64); }
   /// The first word of row `y`. A word of zeros stands before each row and one behind it.
+  std::uint64_t* Row(int y) { return words_.data() + Offset(y); }
   const std::uint64_t* Row(int y) const { return words_.data() + Offset(y); }
 
  private:

@@ -71,8 +71,9 @@ class BitmapReader {
 
   Bitmap Read(const std::string& name) {
     const std::string path = FindFile(folder_, name);
-    if (!ModFileExist::FileExists(path)) throw ThemeError(name + ": not found, or not a file that can be opened");
     const std::optional<std::string> bytes = ReadFile(path, kLargestBitmap);
+    if (!bytes && !ModFileExist::FileExists(path))
+      throw ThemeError(name + ": not found, or not a file that can be opened");
     const std::optional<Size> size = bytes ? DeclaredSize(*bytes) : std::nullopt;
     if (!size) throw ThemeError(name + ": not a bitmap that can be read");
     pixelsLeft_ -= std::int64_t{size->width} * size->height;

@@ -52,6 +52,11 @@ QImage ViewOf(const Bitmap& bitmap) {
           static_cast<qsizetype>(bitmap.Width() * sizeof(Pixel)), QImage::Format_RGB32};
 }
 
+QImage ViewOf(Bitmap& bitmap) {
+  return {reinterpret_cast<uchar*>(bitmap.Row(0)), bitmap.Width(), bitmap.Height(),
+          static_cast<qsizetype>(bitmap.Width() * sizeof(Pixel)), QImage::Format_RGB32};
+}
+
 Bitmap CopyOf(const QImage& image) {
   const QImage opaque = image.convertToFormat(QImage::Format_RGB32);
   Bitmap copy({opaque.width(), opaque.height()});

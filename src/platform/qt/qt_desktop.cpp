@@ -3,12 +3,14 @@
 #include "platform/qt/qt_desktop.h"
 
 #include <QAbstractEventDispatcher>
+#include <QBuffer>
 #include <QCursor>
 #include <QDate>
 #include <QDesktopServices>
 #include <QDialog>
 #include <QEventLoop>
 #include <QFile>
+#include <QImageReader>
 #include <QLocale>
 #include <QProxyStyle>
 #include <QRegion>
@@ -199,9 +201,16 @@ void QtDesktop::EndSession() {
 QWidget* QtDesktop::ActiveWindow() const { return shown_.empty() ? nullptr : &shown_.back()->window; }
 
 std::optional<Bitmap> QtDesktop::DecodeBitmap(std::string_view bytes) {
-  const QImage image = QImage::fromData(QByteArrayView(bytes.data(), static_cast<qsizetype>(bytes.size())), "BMP");
-  Bitmap pixels = CopyOf(image);
-  if (pixels.Bounds().Empty()) return std::nullopt;
+  QByteArray file = QByteArray::fromRawData(bytes.data(), static_cast<qsizetype>(bytes.size()));
+  QBuffer buffer(&file);
+  QImageReader reader(&buffer, "BMP");
+  const QSize size = reader.size();
+  if (size.isEmpty()) return std::nullopt;
+  Bitmap pixels = Bitmap::Unpainted({size.width(), size.height()});
+  QImage image = ViewOf(pixels);
+  if (!reader.read(&image)) return std::nullopt;
+  // The reader decodes into the image it is given where that has the file's own form, else into a new one.
+  if (image.constBits() != reinterpret_cast<const uchar*>(pixels.Row(0))) return CopyOf(image);
   return pixels;
 }
 
