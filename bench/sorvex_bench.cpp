@@ -15,18 +15,12 @@
 #include "game/render_loop.h"
 #include "game/return_item.h"
 #include "highscores/panel.h"
-#include "platform/headless/headless_desktop.h"
 #include "scene.h"
 #include "support/temp_folder.h"
 #include "themes/load_theme.h"
 
 namespace sorvex::bench {
 namespace {
-
-/// A game whose surfaces are shown nowhere.
-struct UnseenScene : private HeadlessDesktop, Scene {
-  explicit UnseenScene(const SceneDesign& design) : HeadlessDesktop("", ""), Scene(*this, design) {}
-};
 
 // Copies one field of pixels.
 void Memcpy(benchmark::State& run, const SceneDesign& design) {

@@ -137,6 +137,14 @@ int Process::ExitCode() {
   return *status_;
 }
 
+std::size_t Process::ResidentMemory() const {
+  std::ifstream file(fs::path("/proc") / std::to_string(id_) / "statm");
+  std::size_t whole = 0;
+  std::size_t resident = 0;
+  if (!(file >> whole >> resident)) throw std::runtime_error("no such process");
+  return resident * static_cast<std::size_t>(::sysconf(_SC_PAGESIZE));
+}
+
 std::chrono::milliseconds Process::ProcessorTime() const {
   const std::vector<std::string> fields = StatFields(fs::path("/proc") / std::to_string(id_));
   if (fields.size() < 13) throw std::runtime_error("no such process");

@@ -5,6 +5,7 @@
 #include <sys/types.h>
 
 #include <chrono>
+#include <cstddef>
 #include <functional>
 #include <map>
 #include <optional>
@@ -39,6 +40,8 @@ class Process {
   /// Waits for the end: the exit code, -1 after a signal. Throws when it does not come.
   int ExitCode();
   bool Runs();
+  /// Memory that it has resident, bytes.
+  std::size_t ResidentMemory() const;
   /// Processor time used so far.
   std::chrono::milliseconds ProcessorTime() const;
 

@@ -1,0 +1,272 @@
+// SPDX-License-Identifier: MIT
+// Plays real windows on an empty X screen and prints what they cost beside what they may cost. docs/performance.md says
+// how to run it.
+#include <xcb/xcb.h>
+
+#include <QApplication>
+#include <QPainter>
+#include <QWidget>
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <exception>
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "game/render_loop.h"
+#include "platform/qt/built_ins.h"
+#include "scene.h"
+#include "support/temp_folder.h"
+#include "ui/main_window_commands.h"
+#include "window/player.h"
+#include "window/process.h"
+
+namespace sorvex::bench {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+double Milliseconds(Clock::duration time) { return std::chrono::duration<double, std::milli>(time).count(); }
+
+double Median(std::vector<double> values) {
+  std::ranges::nth_element(values, values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2));
+  return values[values.size() / 2];
+}
+
+void Print(const std::string& what, double value, const char* unit, double mark) {
+  std::printf("%-34s %10.3f %-4s at most %10.3f   %s\n", what.c_str(), value, unit, mark,
+              value <= mark ? "holds" : "DOES NOT HOLD");
+  std::fflush(stdout);
+}
+
+// Until the X server has done all that this program asked of it.
+void WaitForServer() {
+  xcb_connection_t* server = qApp->nativeInterface<QNativeInterface::QX11Application>()->connection();
+  std::free(::xcb_get_input_focus_reply(server, ::xcb_get_input_focus(server), nullptr));
+}
+
+// The mean time of a call whose drawing is awaited, milliseconds.
+template <class Work>
+double TimeShown(const Work& work) {
+  constexpr int kTimes = 60;
+  const auto began = Clock::now();
+  for (int i = 0; i < kTimes; ++i) {
+    work();
+    WaitForServer();
+  }
+  return Milliseconds(Clock::now() - began) / kTimes;
+}
+
+/// The least that shows a picture.
+class BarePicture final : public QWidget {
+ public:
+  explicit BarePicture(const QImage& image) : image_(image) { setFixedSize(image.size()); }
+
+ protected:
+  void paintEvent(QPaintEvent* /*event*/) override { QPainter(this).drawImage(0, 0, image_); }
+
+ private:
+  QImage image_;
+};
+
+struct FrameTimes {
+  double moving = 1e9;
+  double full = 1e9;
+  double bare = 1e9;
+};
+
+// Called while the form is shown. The least of five repetitions, the kinds by turns.
+FrameTimes TimeFrames(Scene& scene) {
+  // The windows must not cover each other.
+  for (QWidget* window : QApplication::topLevelWidgets()) window->move(0, 0);
+  const Bitmap picture = scene.form.picBg1.Image();
+  BarePicture bare(ViewOf(picture));
+  bare.move(scene.form.PicCanvas.ScaleSize().width + 100, 0);
+  bare.show();
+  for (const auto began = Clock::now(); Clock::now() - began < std::chrono::seconds(1);)
+    scene.game.desktop.DeliverEvents(10);
+
+  FrameTimes least;
+  Integer step = 3;
+  scene.state.ItemY(0) = static_cast<Integer>(scene.state.ItemY(0) - 4);
+  for (int repetition = 0; repetition < 5; ++repetition) {
+    least.moving = std::min(least.moving, TimeShown([&] {
+                              scene.state.ItemY(0) = static_cast<Integer>(scene.state.ItemY(0) - step);
+                              step = static_cast<Integer>(-step);
+                              DrawAndTestFrame(scene.game);
+                            }));
+    least.full = std::min(least.full, TimeShown([&] {
+                            scene.game.frame = {};
+                            DrawAndTestFrame(scene.game);
+                          }));
+    least.bare = std::min(least.bare, TimeShown([&] { bare.repaint(); }));
+  }
+  return least;
+}
+
+FrameTimes PlayInWindow(Desktop& desktop, const SceneDesign& design) {
+  const TempFolder theme;
+  Scene scene(desktop, design);
+  WriteTheme(scene, theme.Path());
+  scene.state.ThemeName = theme.Path();
+  Form_Load(scene.game);
+  FrameTimes times;
+  Timer& timer = scene.form.tmrChangePicBack;
+  timer.Tick = [&] {
+    timer.Enabled = false;
+    times = TimeFrames(scene);
+    scene.form.Loaded = false;
+  };
+  timer.Start(desktop.TickCount());
+  desktop.Show(scene.form, nullptr);
+  return times;
+}
+
+void BenchFrames(int& argc, char** argv) {
+  const std::unique_ptr<Desktop> desktop = MakeDesktop(argc, argv);
+  std::vector<FrameTimes> times;
+  for (const SceneDesign& design : kScenes) {
+    times.push_back(PlayInWindow(*desktop, design));
+    Print(std::string("full frame/") + design.name, times.back().full, "ms", 1.25 * times.back().bare);
+  }
+  Print("moving/M", times[1].moving, "ms", 1.5 * times.front().moving);
+  Print("moving/L", times.back().moving, "ms", 1.5 * times.front().moving);
+}
+
+/// The screen, and programs on it that know nothing of the desktop around.
+class Stage {
+ public:
+  Stage() {
+    std::filesystem::create_directories(home_.Path() / "runtime");
+    std::filesystem::permissions(home_.Path() / "runtime", std::filesystem::perms::owner_all);
+  }
+
+  Process Start(const std::filesystem::path& program) const {
+    return {{program.string()},
+            {{"DISPLAY", display_},
+             {"HOME", home_.Path()},
+             {"XDG_RUNTIME_DIR", home_.Path() / "runtime"},
+             {"LANG", "C.UTF-8"}}};
+  }
+
+  /// The window's drawing area once something is painted there: nothing else is on the black screen.
+  Rectangle AwaitWindow(const std::string& title) {
+    Rectangle client;
+    const auto painted = [&] {
+      const Player::WindowId window = player.Find(title);
+      if (window == 0) return false;
+      client = player.ClientArea(window);
+      return player.Look(Rectangle::At(client.left + 3, client.top + 3, {1, 1})).At(0, 0) != kBlack;
+    };
+    const auto began = Clock::now();
+    while (!painted()) {
+      if (Clock::now() - began > kPatience) throw std::runtime_error("no window " + title);
+      std::this_thread::sleep_for(std::chrono::microseconds(500));
+    }
+    return client;
+  }
+
+ private:
+  std::string display_ = std::getenv("DISPLAY");
+  TempFolder home_;
+
+ public:
+  Player player{display_};
+};
+
+void BenchStartUp(Stage& stage) {
+  const auto timeOf = [&stage](const std::string& program, const std::string& title) {
+    const auto began = Clock::now();
+    const Process process = stage.Start(program);
+    stage.AwaitWindow(title);
+    return Milliseconds(Clock::now() - began);
+  };
+  std::vector<double> game;
+  std::vector<double> bare;
+  for (int i = 0; i < 15; ++i) {
+    game.push_back(timeOf(SORVEX_PROGRAM, "Sorvex - Theme1"));
+    bare.push_back(timeOf(SORVEX_BARE_PROGRAM, "Bare"));
+  }
+  Print("start to painted window", Median(game), "ms", 1.3 * Median(bare));
+}
+
+// The median time from a movement's sending to the moved item on the screen, with item 0 held above its container.
+double TimeDrag(Player& player, const SceneDesign& design, const Rectangle& client) {
+  const int border = 8 + 2;
+  const Rectangle field = Rectangle::At(client.left + border, client.top + border, design.field);
+  const int restX = field.left + 5 + design.item.width / 2;
+  const int restY = field.top + design.container.height - 5 - design.item.height / 2;
+  const int openX = field.left + design.container.width + 10 + design.item.width / 2;
+  const int openY = field.top + 10 + design.item.height / 2;
+  player.Move(restX, restY);
+  player.Press();
+  player.Move(restX, restY - 1);  // a drag begins on the item
+  player.Move(openX, openY);
+  std::this_thread::sleep_for(std::chrono::milliseconds(200));
+
+  std::vector<double> times;
+  const Rectangle part = Rectangle::At(openX - 4, openY - 4, {8, 8});
+  for (int i = 0; i < 200; ++i) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(7));
+    const Bitmap before = player.Look(part);
+    const auto sent = Clock::now();
+    player.Move(openX, openY + (i % 2 == 0 ? 3 : 0));
+    while (player.Look(part) == before)
+      if (Clock::now() - sent > kPatience) throw std::runtime_error("the item does not move");
+    times.push_back(Milliseconds(Clock::now() - sent));
+  }
+  player.Release();
+  return Median(times);
+}
+
+std::size_t PixelsOf(const SceneDesign& design) {
+  const auto area = [](Size size) { return static_cast<std::size_t>(size.width * size.height); };
+  const auto items = static_cast<std::size_t>(design.items);
+  return area(design.field) + 2 * area(design.target) + 2 * items * (area(design.item) + area(design.container));
+}
+
+void BenchGame(Stage& stage, const SceneDesign& design, std::size_t bareMemory) {
+  const TempFolder folder;
+  WriteTheme(UnseenScene(design), folder.Path() / "Theme1");
+  std::filesystem::copy_file(SORVEX_PROGRAM, folder.Path() / "Sorvex");
+  const Process program = stage.Start(folder.Path() / "Sorvex");
+  const Rectangle client = stage.AwaitWindow("Sorvex - Theme1");
+  Await([&] { return stage.player.HasFocus(stage.player.Find("Sorvex - Theme1")); },
+        [] { return std::string("the game takes no keys"); });
+  stage.player.Tap("s", "Alt_L");
+  std::this_thread::sleep_for(std::chrono::milliseconds(500));
+  Print(std::string("movement to screen/") + design.name, TimeDrag(stage.player, design, client), "ms", 5);
+  constexpr double kMebibyte = 1 << 20;
+  const std::size_t most = bareMemory + 3 * sizeof(Pixel) * PixelsOf(design) + (std::size_t{40} << 20);
+  Print(std::string("resident memory/") + design.name, static_cast<double>(program.ResidentMemory()) / kMebibyte, "MiB",
+        static_cast<double>(most) / kMebibyte);
+}
+
+void BenchPrograms() {
+  Stage stage;
+  BenchStartUp(stage);
+  std::size_t bareMemory = 0;
+  {
+    const Process bare = stage.Start(SORVEX_BARE_PROGRAM);
+    stage.AwaitWindow("Bare");
+    bareMemory = bare.ResidentMemory();
+  }
+  for (const SceneDesign& design : kScenes) BenchGame(stage, design, bareMemory);
+}
+
+}  // namespace
+}  // namespace sorvex::bench
+
+int main(int argc, char** argv) {
+  try {
+    sorvex::bench::BenchFrames(argc, argv);
+    sorvex::bench::BenchPrograms();
+  } catch (const std::exception& error) {
+    std::fprintf(stderr, "%s\n", error.what());
+    return 1;
+  }
+}
