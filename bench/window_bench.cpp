@@ -7,6 +7,7 @@
 #include <QPainter>
 #include <QWidget>
 #include <algorithm>
+#include <array>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
@@ -39,7 +40,7 @@ double Median(std::vector<double> values) {
 
 void Print(const std::string& what, double value, const char* unit, double mark) {
   std::printf("%-34s %10.3f %-4s at most %10.3f   %s\n", what.c_str(), value, unit, mark,
-              value <= mark ? "holds" : "DOES NOT HOLD");
+              value <= mark ? "holds" : "does not hold");
   std::fflush(stdout);
 }
 
@@ -75,7 +76,8 @@ class BarePicture final : public QWidget {
 
 struct FrameTimes {
   double moving = 1e9;
-  double full = 1e9;
+  double full = 1e9;   // composed and shown
+  double shown = 1e9;  // shown only
   double bare = 1e9;
 };
 
@@ -103,6 +105,9 @@ FrameTimes TimeFrames(Scene& scene) {
                             scene.game.frame = {};
                             DrawAndTestFrame(scene.game);
                           }));
+    const Rectangle field = scene.form.PicCanvas.Image().Bounds();
+    least.shown =
+        std::min(least.shown, TimeShown([&] { scene.game.desktop.Refresh(scene.form.PicCanvas, std::array{field}); }));
     least.bare = std::min(least.bare, TimeShown([&] { bare.repaint(); }));
   }
   return least;
@@ -131,7 +136,8 @@ void BenchFrames(int& argc, char** argv) {
   std::vector<FrameTimes> times;
   for (const SceneDesign& design : kScenes) {
     times.push_back(PlayInWindow(*desktop, design));
-    Print(std::string("full frame/") + design.name, times.back().full, "ms", 1.25 * times.back().bare);
+    Print(std::string("full frame composed, shown/") + design.name, times.back().full, "ms", 1.25 * times.back().bare);
+    Print(std::string("full frame shown/") + design.name, times.back().shown, "ms", 1.25 * times.back().bare);
   }
   Print("moving/M", times[1].moving, "ms", 1.5 * times.front().moving);
   Print("moving/L", times.back().moving, "ms", 1.5 * times.front().moving);

@@ -16,7 +16,9 @@ Sounds::Sounds() {
   constexpr int kFeedInterval = 20;
   feeder_.setInterval(kFeedInterval);
   QObject::connect(&feeder_, &QTimer::timeout, &feeder_, [this] { Feed(); });
-  QMediaDevices::defaultAudioOutput();  // finding the devices takes its time, better now than in a game
+  // Finding the devices takes its time: better before the first sound, but not before the window is painted.
+  constexpr int kStartUp = 100;
+  QTimer::singleShot(kStartUp, &feeder_, [] { QMediaDevices::defaultAudioOutput(); });
 }
 
 void Sounds::Prepare(std::span<const std::string> paths) {
