@@ -62,4 +62,7 @@ class Bitmap {
   std::vector<Pixel, UnfilledAllocator<Pixel>> pixels_;
 };
 
+/// Copies `source` onto `dest` at (0, 0), as far as both reach and inside `clip` (SRCCOPY).
+void CopySurface(Bitmap& dest, const Bitmap& source, const Rectangle& clip);
+
 }  // namespace sorvex

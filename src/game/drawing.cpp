@@ -3,7 +3,6 @@
 #include "game/drawing.h"
 
 #include <algorithm>
-#include <cstring>
 
 namespace sorvex {
 namespace {
@@ -11,10 +10,6 @@ namespace {
 // How much of row `row` of a bitmap, cut to `limit` columns, there is: 0 below its last row.
 int RowWidth(const Bitmap& bitmap, int row, int limit) {
   return row < bitmap.Height() ? std::min(bitmap.Width(), limit) : 0;
-}
-
-void CopyRow(Pixel* to, const Pixel* from, int count) {
-  std::memcpy(to, from, static_cast<std::size_t>(count) * sizeof(Pixel));
 }
 
 const PictureBox& PictureOf(const frmMain& form, std::size_t place, const Placement& placement) {
@@ -101,17 +96,6 @@ void DrawMasked(Bitmap& dest, int x, int y, const PictureBox& picture, const Pic
     for (; column < coloured; ++column) out[column] &= colour[column];
     for (; column < masked; ++column) out[column] |= ~cut[column];
   }
-}
-
-void CopySurface(Bitmap& dest, const Bitmap& source, const Rectangle& clip) {
-  const Rectangle area = Intersection(Intersection(dest.Bounds(), source.Bounds()), clip);
-  if (area.Empty()) return;
-  if (area == dest.Bounds() && area == source.Bounds()) {
-    CopyRow(dest.Row(0), source.Row(0), area.Width() * area.Height());
-    return;
-  }
-  for (int row = area.top; row < area.bottom; ++row)
-    CopyRow(dest.Row(row) + area.left, source.Row(row) + area.left, area.Width());
 }
 
 void ShowFrame(Game& game, ContainerShown container) {

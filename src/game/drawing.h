@@ -14,9 +14,6 @@ namespace sorvex {
 /// unchanged. (Raster operations: BitBlt in the Windows GDI documentation.)
 void DrawMasked(Bitmap& dest, int x, int y, const PictureBox& picture, const PictureBox& mask, const Rectangle& clip);
 
-/// Copies `source` onto `dest` at (0, 0), as far as both reach and inside `clip` (SRCCOPY).
-void CopySurface(Bitmap& dest, const Bitmap& source, const Rectangle& clip);
-
 enum class ContainerShown { No, Yes };
 
 /// Composes a frame on PicBackbuff and shows it on the play field at once: background, target, the items in play from

@@ -16,12 +16,6 @@ int ToPixels(float value) {
   return static_cast<float>(whole) == value ? whole : static_cast<int>(RoundHalfEven(value));
 }
 
-// Copies `source` onto `target` at (0, 0), as far as it fits.
-void CopyOnto(Bitmap& target, const Bitmap& source) {
-  const int width = std::min(target.Width(), source.Width());
-  for (int y = 0; y < std::min(target.Height(), source.Height()); ++y) std::copy_n(source.Row(y), width, target.Row(y));
-}
-
 }  // namespace
 
 Size PictureBox::OuterSize() const { return {ToPixels(Width), ToPixels(Height)}; }
@@ -51,7 +45,7 @@ void PictureBox::Resize(float width, float height) {
   if (ScaleSize() == before) return;
   ++revision_;
   Bitmap resized(ScaleSize(), Background);
-  CopyOnto(resized, Image());
+  CopySurface(resized, Image(), resized.Bounds());
   own_ = std::move(resized);
   drawn_ = true;
 }
@@ -64,7 +58,7 @@ Bitmap& PictureBox::Drawing() {
 
 void PictureBox::Materialize() {
   own_ = Bitmap(ScaleSize(), Background);
-  if (picture_) CopyOnto(own_, picture_->Pixels());
+  if (picture_) CopySurface(own_, picture_->Pixels(), own_.Bounds());
   drawn_ = true;
 }
 

@@ -42,7 +42,6 @@ FormWindow::FormWindow(std::unique_ptr<FormContext> context, FormWindow* owner)
       owner_(owner),
       background_(context_.form.BackColor) {
   if (owner != nullptr) setWindowModality(Qt::ApplicationModal);
-  if (context_.form.Icon != BuiltIn::None) setWindowIcon(BuiltInIcon(context_.form.Icon));
   timer_.setSingleShot(true);
   timer_.setTimerType(Qt::PreciseTimer);
   connect(&timer_, &QTimer::timeout, this, [this] { RunTimers(); });
@@ -59,6 +58,8 @@ void FormWindow::Open() {
   Focus(NextInTabOrder(context_.form, nullptr, true));
   if (context_.form.CenterOnOwner && owner_ != nullptr) CenterOnOwner();
   show();
+  // The window manager is at work meanwhile, so this does not delay the first paint.
+  if (context_.form.Icon != BuiltIn::None) setWindowIcon(BuiltInIcon(context_.form.Icon));
   windowHandle()->installEventFilter(this);
   KeepPosition();
 }
