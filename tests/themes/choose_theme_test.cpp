@@ -71,13 +71,18 @@ TEST_F(Chooser, ShowsTheChosenThemeAtOnceAndLeavesTheOtherSurfacesTheirSize) {
 }
 
 TEST_F(Chooser, EndsARunningGameWithoutAReportAlsoOnCancel) {
-  for (const auto button : {&frmChooseTheme::OKButton, &frmChooseTheme::CancelButton}) {
-    story.Start().Move(90, 70).Press(90, 70).Move(92, 60);
-    Choose("Theme1", button);
-    story.Frames(2).Run();
-    EXPECT_EQ(story.state.StartCommand, modVariables::Start::Idle);
-    EXPECT_TRUE(story.desktop.Boxes.empty());
-    EXPECT_EQ(story.state.CurItem, 0);
+  WriteTheme(story.folder.Path() / "program", CupTheme(0, "No items"));
+  const std::pair<const char*, CommandButton frmChooseTheme::*> cases[] = {{"Theme1", &frmChooseTheme::CancelButton},
+                                                                           {"Other one.v2", &frmChooseTheme::OKButton},
+                                                                           {"No items", &frmChooseTheme::OKButton}};
+  for (const auto& [theme, button] : cases) {
+    story.state.ThemeName = "Theme1";
+    story.Start().Move(150, 30).Grab(152, 70).Move(154, 5);  // item 2
+    Choose(theme, button);
+    story.Frames(2).Move(30, 30).Release().Run();
+    EXPECT_EQ(story.state.StartCommand, modVariables::Start::Idle) << theme;
+    EXPECT_TRUE(story.desktop.Boxes.empty()) << theme;
+    EXPECT_EQ(story.state.CurItem, 0) << theme;
     EXPECT_EQ(story.form.lblTime.Caption, "0") << "the interrupted frame is finished";
   }
 }
