@@ -33,22 +33,5 @@ TEST(Surface, DrawingNeverReachesTheSharedPicture) {
   EXPECT_EQ(surface.Image().At(0, 0), kWhite);
 }
 
-TEST(AControlArray, GrowsAndShrinksAtItsEnd) {
-  struct : Form {
-    ControlArray<Label> lblRow{*this};
-  } form;
-  form.lblRow(0).Caption = "design";
-  Label& first = form.lblRow.Load(1);
-  EXPECT_EQ(first.Caption, "design");
-  EXPECT_FALSE(first.Visible) << "a new element is hidden";
-  EXPECT_EQ(form.Controls, std::vector<Control*>{&first});
-  EXPECT_THROW(form.lblRow.Load(1), RuntimeError);
-  EXPECT_THROW(form.lblRow.Load(3), RuntimeError);
-  EXPECT_THROW(form.lblRow.Unload(0), RuntimeError);
-  EXPECT_THROW(form.lblRow(2), RuntimeError);
-  form.lblRow.Unload(1);
-  EXPECT_TRUE(form.Controls.empty());
-}
-
 }  // namespace
 }  // namespace sorvex

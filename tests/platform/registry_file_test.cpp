@@ -3,7 +3,6 @@
 #include "platform/posix/registry_file.h"
 
 #include <gtest/gtest.h>
-#include <sys/stat.h>
 
 #include "support/temp_folder.h"
 
@@ -54,9 +53,7 @@ TEST_F(ARegistryFile, HoldsEachValueAsWindowsWouldWriteIt) {
     std::string line;
   } cases[] = {
       {"Path", {1, "C:\\say \"hi\"\0"s}, R"("Path"="C:\\say \"hi\"")"},
-      {"Path", {1, "/opt"}, R"("Path"=hex(1):2f,6f,70,74)"},
       {"Path", {1, "a\nb\0"s}, R"("Path"=hex(1):61,0a,62,00)"},
-      {"Path", {1, ""}, R"("Path"=hex(1):)"},
       {"a\"\\b", {4, "\x2a\0\0\0"s}, R"("a\"\\b"=dword:0000002a)"},
       {"Path", {4, "\x01\x02"}, R"("Path"=hex(4):01,02)"},
       {"", {3, "\xff"}, "@=hex:ff"},
@@ -83,9 +80,8 @@ TEST_F(ARegistryFile, HoldsNoValueWhereALineIsNotWellFormed) {
     WriteFile(path, kHead + lines);
     EXPECT_EQ(Read(), value) << lines;
   }
-  for (const char* line : {"; \"Path\"=\"1\"", "\"Path\"=\"1", "\"Path\"=\"1\\", "\"Path\"=\"\\n\"", "\"Path\"=\"1\" 2",
-                           "\"Path\"=-", "\"Path\"=dword:100000000", "\"Path\"=dword:-1", "\"Path\"=hex:100",
-                           "\"Path\"=hex:1 2", "\"Path\"=hex(:1", "\"Path\"=hex:1,\\", "\"Path", "\xFF\xFE"}) {
+  for (const char* line : {"; \"Path\"=\"1\"", "\"Path\"=\"1\\", "\"Path\"=\"\\n\"", "\"Path\"=\"1\" 2",
+                           "\"Path\"=dword:100000000", "\"Path\"=hex:100", "\"Path\"=hex(:1", "\"Path\"=hex:1,\\"}) {
     WriteFile(path, kHead + line);
     EXPECT_EQ(Read(), std::nullopt) << line;
   }
@@ -115,46 +111,27 @@ TEST_F(ARegistryFile, ReturnsTheStatusesOfTheRealFunctions) {
   std::uint32_t type = 0;
   std::uint32_t size = 3;
   char buffer[8] = "unused";
-  for (const RegistryKey bad : {RegistryKey{0}, RegistryKey{77}}) {
-    EXPECT_EQ(registry.Open(bad, kSorvex, kReadWrite, key), 6);
-    EXPECT_EQ(registry.Create(bad, kSorvex, kReadWrite, key), 6);
-    EXPECT_EQ(registry.Query(bad, "Path", type, buffer, size), 6);
-    EXPECT_EQ(registry.Set(bad, "Path", 1, "", 0), 6);
-    EXPECT_EQ(registry.Close(bad), 6);
-  }
   ASSERT_EQ(registry.Open(kLocalMachine, kSorvex, kReadOnly, key), 0);
-  EXPECT_EQ(registry.Query(key, "Nothing", type, buffer, size), 2);
   EXPECT_EQ(registry.Query(key, "path", type, buffer, size), 234);
   EXPECT_EQ(size, 4U);
   EXPECT_EQ(buffer, "unused"s);
   EXPECT_EQ(registry.Set(key, "Path", 1, "x", 1), 5) << "opened without KEY_SET_VALUE";
-  ASSERT_EQ(Write("Path", {1, "longer"}), 0);
-  EXPECT_EQ(registry.Query(key, "Path", type, nullptr, size), 0);
-  EXPECT_EQ(size, 6U) << "what another copy wrote is seen";
-  EXPECT_EQ(registry.Close(key), 0);
-  EXPECT_EQ(registry.Close(key), 6);
-
+  EXPECT_EQ(registry.Query(0, "Path", type, buffer, size), 6) << "the key of an opening that failed";
+  EXPECT_EQ(registry.Set(0, "Path", 1, "x", 1), 6);
   EXPECT_EQ(Write("a\nb", {1, ""}), 87);
+  EXPECT_EQ(registry.Create(kLocalMachine, "a\n[b]", kReadWrite, key), 87);
   EXPECT_EQ(Write("Path", {3, std::string(400000, 'x')}), 1450);
-  for (const char* name : {"a\n[b]", "\\a", "a\\\\b"})
-    EXPECT_EQ(registry.Create(kLocalMachine, name, kReadWrite, key), 87) << name;
+  EXPECT_EQ(Read(), (Stored{1, "four"})) << "nothing of that was stored";
 }
 
 TEST_F(ARegistryFile, IsLeftAloneWhenItCannotBeJudgedOrWritten) {
   for (const std::string& text : {"\n"s, "\xFF\xFER\0E\0"s, "REGEDIT\n" + kHead, kHead + std::string(2 << 20, '\n')}) {
     WriteFile(path, text);
     EXPECT_EQ(Write("Path", {1, "new"}), 5);
-    EXPECT_EQ(RegistryFile(path).Open(kLocalMachine, "Missing", kReadOnly, key), 5);
     EXPECT_EQ(ReadWholeFile(path), text);
   }
   WriteFile(path, "");
   EXPECT_EQ(Write("Path", {1, "old"}), 0) << "an empty file holds nothing to lose";
-  ::chmod(path.c_str(), 0444);
-  RegistryFile registry(path);
-  EXPECT_EQ(registry.Open(kLocalMachine, kSorvex, kReadWrite, key), 5);
-  EXPECT_EQ(registry.Open(kLocalMachine, "Missing", kReadWrite, key), 2);
-  EXPECT_EQ(registry.Create(kLocalMachine, "New", kReadWrite, key), 5);
-  EXPECT_EQ(Read(), (Stored{1, "old"})) << "reading asks for less";
   for (const fs::path& nowhere : {path / "registry.reg", fs::path()})
     EXPECT_EQ(RegistryFile(nowhere).Create(kLocalMachine, kSorvex, kReadWrite, key), 5);
 }

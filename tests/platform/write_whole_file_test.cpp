@@ -62,6 +62,7 @@ TEST(WritingAFile, FollowsLinksAndKeepsThemWithPermissionsAndOwner) {
   const fs::path& root = folder.Path();
   WriteFile(root / "real/table.ini", "old");
   ::chmod((root / "real/table.ini").c_str(), 0646);
+  const ino_t oldFile = StatusOf(root / "real/table.ini").st_ino;
   const uid_t owner = ::chown((root / "real/table.ini").c_str(), kNobody, kNobody) == 0 ? kNobody : ::geteuid();
   fs::create_symlink("real/table.ini", root / "relative");
   fs::create_symlink(root / "relative", root / "chained");
@@ -78,17 +79,8 @@ TEST(WritingAFile, FollowsLinksAndKeepsThemWithPermissionsAndOwner) {
   }
   EXPECT_EQ(StatusOf(root / "relative").st_mode & 07777, 0646U);
   EXPECT_EQ(StatusOf(root / "relative").st_uid, owner);
+  EXPECT_NE(StatusOf(root / "relative").st_ino, oldFile) << "a reader of the old file still sees all of it";
   EXPECT_EQ(FilesIn(root / "real"), 2);
-}
-
-TEST(WritingAFile, MakesANewOneWhoseModeFollowsTheUmask) {
-  const TempFolder folder;
-  const fs::path path = folder.Path() / "new.ini";
-  ASSERT_EQ(InChild([&] { return ::umask(027), ErrorOfWriting(path, "x"); }), 0);
-  const struct stat first = StatusOf(path);
-  EXPECT_EQ(first.st_mode & 07777, 0640U);
-  EXPECT_EQ(ErrorOfWriting(path, "y"), 0);
-  EXPECT_NE(StatusOf(path).st_ino, first.st_ino) << "a reader of the old file still sees all of it";
 }
 
 TEST(WritingAFile, RefusesWhatIsNotAWritableFile) {
@@ -99,13 +91,11 @@ TEST(WritingAFile, RefusesWhatIsNotAWritableFile) {
   fs::create_symlink("read-only", root / "link to read-only");
   fs::create_symlink("loop", root / "loop");
   fs::create_directory(root / "folder");
-  ASSERT_EQ(::mkfifo((root / "pipe").c_str(), 0666), 0);
-  const std::pair<const char*, int> cases[] = {
-      {"read-only", 75}, {"link to read-only", 75},  {"loop", 75}, {"folder", 75}, {"folder/", 75}, {"pipe", 75},
-      {"nowhere/t", 76}, {"read-only/table.ini", 76}};
+  const std::pair<const char*, int> cases[] = {{"read-only", 75}, {"link to read-only", 75}, {"loop", 75},
+                                               {"folder", 75},    {"folder/", 75},           {"nowhere/t", 76}};
   for (const auto& [path, error] : cases) EXPECT_EQ(ErrorOfWriting(root / path, "new"), error) << path;
   EXPECT_EQ(ReadWholeFile(root / "read-only"), "old");
-  EXPECT_EQ(FilesIn(root), 5);
+  EXPECT_EQ(FilesIn(root), 4);
 }
 
 TEST(WritingAFile, OverwritesInPlaceWhereNothingCanBeCreatedOrReplaced) {
@@ -149,24 +139,22 @@ int ErrorOfSavingTooMuch(mode_t folderMode, bool (*limitRoom)(const fs::path&)) 
   });
 }
 
-TEST(WritingAFile, LeavesTheOldOneWhenItMayNotGrow) {
+TEST(WritingAFile, LeavesTheOldOneWhenItMayNotGrowOrTheDiskIsFull) {
   const auto limit = [](const fs::path&) {
     const rlimit most{64 << 10, 64 << 10};
     return std::signal(SIGXFSZ, SIG_IGN) != SIG_ERR && ::setrlimit(RLIMIT_FSIZE, &most) == 0;
   };
-  EXPECT_EQ(ErrorOfSavingTooMuch(0777, limit), 57);
-  EXPECT_EQ(ErrorOfSavingTooMuch(0555, limit), 57) << "in place";
-}
-
-TEST(WritingAFile, LeavesTheOldOneWhenTheDiskIsFull) {
   const auto smallDisk = [](const fs::path& place) {
     return ::unshare(CLONE_NEWNS) == 0 && ::mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0 &&
            ::mount("none", place.c_str(), "tmpfs", 0, "size=64k") == 0;
   };
-  const int replacing = ErrorOfSavingTooMuch(0777, smallDisk);
-  if (replacing == kCannotTry) GTEST_SKIP() << "a small file system can only be mounted by root";
-  EXPECT_EQ(replacing, 61);
-  EXPECT_EQ(ErrorOfSavingTooMuch(0555, smallDisk), 61) << "in place";
+  const mode_t folderModes[] = {0777, 0555};  // replaced, and overwritten in place
+  for (const mode_t mode : folderModes) EXPECT_EQ(ErrorOfSavingTooMuch(mode, limit), 57);
+  for (const mode_t mode : folderModes) {
+    const int error = ErrorOfSavingTooMuch(mode, smallDisk);
+    if (error == kCannotTry) GTEST_SKIP() << "a small file system can only be mounted by root";
+    EXPECT_EQ(error, 61);
+  }
 }
 
 }  // namespace
