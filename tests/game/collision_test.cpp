@@ -4,7 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include "base/runtime_error.h"
 #include "support/random_surfaces.h"
 #include "support/raster.h"
 
@@ -73,13 +72,6 @@ TEST(Contact, IsWhatTheRasterProcedureFinds) {
   }
   EXPECT_GT(contacts, 200) << "too few contacts to mean anything";
   EXPECT_LT(contacts, 3800);
-}
-
-TEST(Contact, ADistanceBeyondAnIntegerIsAnOverflow) {
-  const PictureBox mask = AutoSurface(Bitmap({2, 2}, kBlack));
-  PictureBox work = WorkSurface();
-  EXPECT_THROW(HitsContainer(30000, 0, -30000, 0, mask, mask, work), RuntimeError);
-  EXPECT_THROW(HitsContainer(0, -30000, 0, 30000, mask, mask, work), RuntimeError);
 }
 
 TEST(Placement, NeedsTheCentreStrictlyInsideTheTarget) {

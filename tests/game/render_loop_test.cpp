@@ -84,13 +84,15 @@ TEST(AFrame, TestsAnItemPutInOnAndOn) {
   story.Start().PutIn(0);
   // Pressed on nothing: the current item is still the one on the target.
   story.Press(300, 10).Then([&] { EXPECT_FALSE(story.form.MouseHeld); }).Release();
-  story.Then([&] {
+  story.Wait(500).Then([&] {
+    EXPECT_FALSE(story.form.tmrChangePicBack.Enabled);
     story.state.ItemX(0) = 18;
     story.state.ItemY(0) = 30;
   });
   story.Frames(2);
   EXPECT_EQ(story.Run(), Story::End::ScriptEnded);
   EXPECT_EQ(story.state.ItemX(0), 18) << "its contacts move nothing";
+  EXPECT_TRUE(IsLockedOut(story.form) && story.form.tmrChangePicBack.Enabled) << "but lock movement out";
   EXPECT_EQ(story.Sounds(), (Names{"Pickup", "PutInCont", "HitTube", "HitTube", "HitTube"})) << "and sound every frame";
 }
 

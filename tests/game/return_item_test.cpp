@@ -46,18 +46,6 @@ TEST(ASlide, EndsAtTheRestPlaceWhereverThatIs) {
   }
 }
 
-TEST(ASlide, OfAnItemPutInMovesNothingAndStillLocksOut) {
-  Story story;
-  story.state.ItemInPlay(0) = false;
-  story.state.ItemX(0) = 200;
-  story.form.tmrChangePicBack.Enabled = false;
-  ReturnItem(story.program.game);
-  EXPECT_EQ(story.state.ItemX(0), 200);
-  EXPECT_EQ(story.desktop.FramesShown, 0);
-  EXPECT_TRUE(IsLockedOut(story.form));
-  EXPECT_TRUE(story.form.tmrChangePicBack.Enabled);
-}
-
 TEST(ASlide, TakesStepsOfTwoPixelsHalvesToEven) {
   Story story;  // a field of 316 x 236
   const struct {

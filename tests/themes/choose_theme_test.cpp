@@ -14,12 +14,6 @@ namespace {
 
 using Box = HeadlessDesktop::Box;
 
-TestTheme OtherTheme() {
-  TestTheme theme = CupTheme(1, "Other one.v2");
-  theme.field = {200, 150};
-  return theme;
-}
-
 class Chooser : public testing::Test {
  protected:
   // Opens the chooser, selects `name` (empty: nothing) and clicks the button.
@@ -37,7 +31,7 @@ class Chooser : public testing::Test {
     story.Frames(1);
   }
 
-  Story story{{CupTheme(3), OtherTheme()}};
+  Story story{{CupTheme(3), CupTheme(1, "Other one.v2")}};
   std::vector<std::string> listed;
   bool stayedOpen = false;
 };
@@ -53,21 +47,6 @@ TEST_F(Chooser, ListsEveryFolderBesideTheProgramAndNothingElse) {
   std::ranges::sort(listed);
   EXPECT_EQ(listed, (std::vector<std::string>{".hidden", "Other one.v2", "Theme1", "link"}));
   EXPECT_TRUE(stayedOpen) << "OK without a selection does nothing";
-}
-
-TEST_F(Chooser, ShowsTheChosenThemeAtOnceAndLeavesTheOtherSurfacesTheirSize) {
-  const Size backBuffer = story.form.PicBackbuff.ScaleSize();
-  Choose("Other one.v2", &frmChooseTheme::OKButton);
-  story.Run();
-  EXPECT_EQ(story.form.Caption, "Sorvex - Other one.v2");
-  EXPECT_EQ(story.Field().Extent(), (Size{200, 150}));
-  EXPECT_EQ(story.form.PicBackbuff.ScaleSize(), backBuffer);
-
-  const Bitmap waiting = story.Field();
-  const int shown = story.desktop.FramesShown;
-  story.Start().Run();
-  EXPECT_GT(story.desktop.FramesShown, shown);
-  EXPECT_EQ(story.Field(), waiting) << "the frame shown is the game's first";
 }
 
 TEST_F(Chooser, EndsARunningGameWithoutAReportAlsoOnCancel) {
@@ -87,7 +66,7 @@ TEST_F(Chooser, EndsARunningGameWithoutAReportAlsoOnCancel) {
   }
 }
 
-TEST_F(Chooser, WhatCannotBeLoadedGivesWayToTheDefaultThemeOrToTheOneOnTheField) {
+TEST_F(Chooser, ShowsTheChosenThemeOrWhatTakesItsPlaceAtOnce) {
   std::filesystem::create_directory(story.folder.Path() / "program" / "Empty");
   Choose("Empty", &frmChooseTheme::OKButton);
   story.Run();
@@ -95,6 +74,9 @@ TEST_F(Chooser, WhatCannotBeLoadedGivesWayToTheDefaultThemeOrToTheOneOnTheField)
   EXPECT_EQ(story.state.ThemeName, "Theme1");
   Choose("Other one.v2", &frmChooseTheme::OKButton);
   story.Run();
+  EXPECT_EQ(story.Field(),
+            FieldPainter(story.ThemeFile("", "Other one.v2"), 250, 180).Paint({{0, 25, 63}}, Placed{0, 20, 20}))
+      << "as the game will begin";
   std::filesystem::remove_all(story.folder.Path() / "program" / "Theme1");
   Choose("Empty", &frmChooseTheme::OKButton);
   story.Run();

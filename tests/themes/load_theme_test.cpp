@@ -31,21 +31,15 @@ void Choose(Story& story, const std::string& name) {
   LoadTheme(story.program.game, name);
 }
 
-// All that a theme load writes, as text.
-std::string Snapshot(const Story& story) {
+// All that a theme load writes, but for the pictures themselves.
+auto Snapshot(const Story& story) {
   const frmMain& form = story.form;
-  const modVariables& state = story.state;
-  std::string text = form.Caption + "|" + form.lblTime.Caption + "|" + form.HitTubeWav + "|" + form.PutInContWav + "|" +
-                     form.PickupWav + "|" + form.LetGoWav + "|" + form.ThemeDescription + "|" + form.ThemeDate;
-  for (Long i = 0; i < kMostItems; ++i)
-    for (const int value : {int{state.ItemX(i)}, int{state.ItemY(i)}, int{state.ContX(i)}, int{state.ContY(i)},
-                            int{state.ItemInPlay(i)}, int{state.ContInPlay(i)}})
-      text += " " + std::to_string(value);
-  for (const int value : {state.LastItem, Long{state.PlainX(0)}, Long{state.PlainY(0)}, form.PicSprite.Count(),
-                          form.PicMask.Count(), form.picCont.Count(), form.PicContMask.Count()})
-    text += " " + std::to_string(value);
-  for (const std::string& row : story.Rows()) text += row;
-  return text;
+  Names texts = story.Rows();
+  for (const std::string& text : {form.Caption, form.lblTime.Caption, form.HitTubeWav, form.PutInContWav,
+                                  form.PickupWav, form.LetGoWav, form.ThemeDescription, form.ThemeDate})
+    texts.push_back(text);
+  return std::tuple(static_cast<const ItemTable&>(story.state), texts, Integer{story.state.PlainX(0)},
+                    Integer{story.state.PlainY(0)}, form.PicSprite.Count(), form.PicContMask.Count());
 }
 
 TEST(ALoadedTheme, FillsTheFieldAtOnceAndTheWindowAtTheNextStart) {
@@ -73,7 +67,7 @@ TEST(ALoadedTheme, FillsTheFieldAtOnceAndTheWindowAtTheNextStart) {
 
 TEST(ALoadedTheme, HasAsManyPicturesAsItemsWhateverWasLoadedBefore) {
   Story story({CupTheme(3), CupTheme(10, "Ten"), CupTheme(21, "Full"), CupTheme(0, "Empty")});
-  const std::string fresh = Snapshot(story);
+  const auto fresh = Snapshot(story);
   for (const auto& [name, elements] :
        {std::pair{"Ten", 10}, {"Theme1", 3}, {"Full", 21}, {"Full", 21}, {"Empty", 1}, {"Theme1", 3}}) {
     story.state.CurItem = story.state.CurCont = static_cast<Integer>(std::max<Long>(0, story.state.LastItem));
@@ -87,7 +81,7 @@ TEST(ALoadedTheme, HasAsManyPicturesAsItemsWhateverWasLoadedBefore) {
 
 TEST(ALoadedTheme, IsFoundWhateverTheCaseOfItsFilesAndLeavesNothingToTheNext) {
   Story story({CupTheme(2), CupTheme(2, "Shout")});
-  const std::string fresh = Snapshot(story);
+  const auto fresh = Snapshot(story);
   WriteFile(story.ThemeFile("ThemeDetails.ini", "Shout"), "\"One, two\"\r\n\"May\"\r\n");
   for (const char* name : {"Theme.ini", "Theme2.ini", "bg.bmp", "sm1.bmp", "ThemeDetails.ini", "HighScores.ini"}) {
     std::string upper = name;
@@ -128,7 +122,7 @@ TEST(TheFallback, LoadsTheDefaultThemeOnceAndMakesItCurrent) {
   for (const auto& c : cases) {
     SCOPED_TRACE(c.what);
     Story story({CupTheme(2), CupTheme(5, "Bad")});
-    const std::string loaded = Snapshot(story);
+    const auto loaded = Snapshot(story);
     fs::remove_all(story.ThemeFile(c.file, "Bad"));
     if (c.text) WriteFile(story.ThemeFile(c.file, "Bad"), *c.text);
     bool untouched = false;
@@ -144,7 +138,7 @@ TEST(TheFallback, LoadsTheDefaultThemeOnceAndMakesItCurrent) {
 
 TEST(TheFallback, EndsWhenTheDefaultThemeFailsToo) {
   Story story({CupTheme(2), CupTheme(1, "Bad")});
-  const std::string loaded = Snapshot(story);
+  const auto loaded = Snapshot(story);
   fs::remove(story.ThemeFile("Theme.ini", "Bad"));
   const auto boxes = [&](const char* chosen) {
     story.desktop.Boxes.clear();
