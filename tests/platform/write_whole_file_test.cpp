@@ -57,13 +57,12 @@ struct stat StatusOf(const fs::path& path) {
   return status;
 }
 
-TEST(WritingAFile, FollowsLinksAndKeepsThemWithPermissionsAndOwner) {
+TEST(WritingAFile, FollowsLinksAndKeepsThemWithPermissions) {
   const TempFolder folder;
   const fs::path& root = folder.Path();
   WriteFile(root / "real/table.ini", "old");
   ::chmod((root / "real/table.ini").c_str(), 0646);
   const ino_t oldFile = StatusOf(root / "real/table.ini").st_ino;
-  const uid_t owner = ::chown((root / "real/table.ini").c_str(), kNobody, kNobody) == 0 ? kNobody : ::geteuid();
   fs::create_symlink("real/table.ini", root / "relative");
   fs::create_symlink(root / "relative", root / "chained");
   fs::create_symlink("real/new.ini", root / "dangling");
@@ -78,7 +77,6 @@ TEST(WritingAFile, FollowsLinksAndKeepsThemWithPermissionsAndOwner) {
     EXPECT_EQ(fs::is_symlink(root / path), isLink) << path;
   }
   EXPECT_EQ(StatusOf(root / "relative").st_mode & 07777, 0646U);
-  EXPECT_EQ(StatusOf(root / "relative").st_uid, owner);
   EXPECT_NE(StatusOf(root / "relative").st_ino, oldFile) << "a reader of the old file still sees all of it";
   EXPECT_EQ(FilesIn(root / "real"), 2);
 }

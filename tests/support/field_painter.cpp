@@ -2,7 +2,7 @@
 // Painting a field with plain raster operations.
 #include "support/field_painter.h"
 
-#include <utility>
+#include <string>
 
 #include "platform/headless/bmp_reader.h"
 #include "support/raster.h"
@@ -10,25 +10,19 @@
 
 namespace sorvex {
 
-FieldPainter::FieldPainter(std::filesystem::path themeFolder, int targetX, int targetY)
-    : folder_(std::move(themeFolder)), targetX_(targetX), targetY_(targetY) {}
-
-Bitmap FieldPainter::Read(const std::string& name) const { return ReadBmp(ReadWholeFile(folder_ / name)).value(); }
-
-void FieldPainter::Draw(Bitmap& field, int x, int y, const std::string& picture, const std::string& mask) const {
-  const Bitmap colours = Read(picture);
-  DrawInFull(field, x, y, colours.Extent(), colours, Read(mask));
-}
-
 Bitmap FieldPainter::Paint(const std::vector<Placed>& items, std::optional<Placed> container) const {
-  Bitmap field = Read("bg.bmp");
-  Draw(field, targetX_, targetY_, "pS.bmp", "pM.bmp");
-  const auto draw = [&](const Placed& placed, const std::string& kind) {
-    const std::string n = std::to_string(placed.number) + ".bmp";
-    Draw(field, placed.x, placed.y, kind + "s" + n, kind + "m" + n);
+  const auto read = [this](const std::string& name) { return ReadBmp(ReadWholeFile(folder_ / name)).value(); };
+  Bitmap field = read("bg.bmp");
+  const auto draw = [&](int x, int y, const std::string& picture, const std::string& mask) {
+    const Bitmap colours = read(picture);
+    DrawInFull(field, x, y, colours.Extent(), colours, read(mask));
   };
-  for (const Placed& item : items) draw(item, "s");
-  if (container) draw(*container, "c");
+  draw(targetX_, targetY_, "pS.bmp", "pM.bmp");
+  for (const auto& [number, x, y] : items)
+    draw(x, y, "ss" + std::to_string(number) + ".bmp", "sm" + std::to_string(number) + ".bmp");
+  if (container)
+    draw(container->x, container->y, "cs" + std::to_string(container->number) + ".bmp",
+         "cm" + std::to_string(container->number) + ".bmp");
   return field;
 }
 

@@ -4,7 +4,7 @@
 
 #include <filesystem>
 #include <optional>
-#include <string>
+#include <utility>
 #include <vector>
 
 #include "base/bitmap.h"
@@ -20,15 +20,13 @@ struct Placed {
 class FieldPainter {
  public:
   /// The target stands at (targetX, targetY).
-  FieldPainter(std::filesystem::path themeFolder, int targetX, int targetY);
+  FieldPainter(std::filesystem::path themeFolder, int targetX, int targetY)
+      : folder_(std::move(themeFolder)), targetX_(targetX), targetY_(targetY) {}
 
   /// Background, target, `items` in their order, the container on top.
   Bitmap Paint(const std::vector<Placed>& items, std::optional<Placed> container) const;
 
  private:
-  Bitmap Read(const std::string& name) const;
-  void Draw(Bitmap& field, int x, int y, const std::string& picture, const std::string& mask) const;
-
   std::filesystem::path folder_;
   int targetX_;
   int targetY_;

@@ -48,10 +48,8 @@ TEST_F(About, TheLogoFollowsThePointerWithCtrlAloneUntilTheRelease) {
     Integer button;
     Integer shift;
     bool follows;
-  } cases[] = {{kLeftButton, kCtrlKey, true},
-               {kLeftButton, 0, false},
-               {kLeftButton, kCtrlKey | kShiftKey, false},
-               {kRightButton, kCtrlKey, false}};
+  } cases[] = {
+      {kLeftButton, kCtrlKey, true}, {kLeftButton, kCtrlKey | kShiftKey, false}, {kRightButton, kCtrlKey, false}};
   for (const auto& c : cases) {
     Open([&](frmAbout& box) {
       box.Left = 15 * 100;
