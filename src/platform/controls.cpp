@@ -9,23 +9,6 @@
 #include "platform/desktop.h"
 
 namespace sorvex {
-namespace {
-
-int ToPixels(float value) {
-  const int whole = static_cast<int>(value);
-  return static_cast<float>(whole) == value ? whole : static_cast<int>(RoundHalfEven(value));
-}
-
-}  // namespace
-
-Size PictureBox::OuterSize() const { return {ToPixels(Width), ToPixels(Height)}; }
-
-Size PictureBox::ScaleSize() const {
-  const Size outer = OuterSize();
-  const int frame = 2 * FrameWidth(BorderStyle);
-  return {std::max(0, outer.width - frame), std::max(0, outer.height - frame)};
-}
-
 void PictureBox::SetPicture(Picture picture) {
   ++revision_;
   picture_ = std::move(picture);

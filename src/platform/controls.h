@@ -3,6 +3,7 @@
 // front end shows what they say. Positions and sizes are pixels inside the container (a form's own outer size: twips).
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -47,6 +48,12 @@ enum class ScaleMode { Twips, Pixels };
 /// A picture surface's frame: none, flat and 1 pixel wide, or sunken and 2 pixels wide.
 enum class Frame { None, Flat, Sunken };
 constexpr int FrameWidth(Frame frame) { return static_cast<int>(frame); }
+
+/// Whole pixels, halves to even.
+inline int ToPixels(float value) {
+  const int whole = static_cast<int>(value);
+  return static_cast<float>(whole) == value ? whole : static_cast<int>(RoundHalfEven(value));
+}
 
 /// Mouse buttons and shift state, as the events pass them.
 inline constexpr Integer kLeftButton = 1;
@@ -99,11 +106,15 @@ struct PictureBox : Control {
   Event Paint;  ///< without AutoRedraw: the surface is about to be painted
 
   /// The drawing area: the outer size less the frame, in whole pixels.
-  Size ScaleSize() const;
+  Size ScaleSize() const {
+    const Size outer = OuterSize();
+    const int frame = 2 * FrameWidth(BorderStyle);
+    return {std::max(0, outer.width - frame), std::max(0, outer.height - frame)};
+  }
   float ScaleWidth() const { return static_cast<float>(ScaleSize().width); }
   float ScaleHeight() const { return static_cast<float>(ScaleSize().height); }
   /// The outer size in whole pixels: what a copy that names this surface spans.
-  Size OuterSize() const;
+  Size OuterSize() const { return {ToPixels(Width), ToPixels(Height)}; }
 
   const Picture& PictureObject() const { return picture_; }
   /// Gives the surface `picture` (null: none): an auto-size surface takes its size; the image becomes the picture at
