@@ -153,14 +153,5 @@ TEST(WithoutAGame, HandlersRunBeforeAnyThemeAndWithoutItems) {
   }
 }
 
-TEST(WithoutAGame, AnItemPutInIsPickedUpAndStaysOut) {
-  Story story({CupTheme(1)});
-  story.Start().PutIn(0).Move(30, 30).Grab(270, 195).Move(200, 100).Release();
-  EXPECT_EQ(story.Run(), Story::End::ScriptEnded);
-  EXPECT_EQ(story.Sounds(), (Names{"Pickup", "PutInCont", "Pickup", "LetGo"}));
-  EXPECT_FALSE(story.state.ItemInPlay(0));
-  EXPECT_EQ(story.desktop.Boxes.size(), 1U);
-}
-
 }  // namespace
 }  // namespace sorvex

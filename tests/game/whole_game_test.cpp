@@ -33,6 +33,11 @@ TEST(WholeGame, EndsInTheTableAndTheFile) {
   EXPECT_TRUE(story.state.GameEnded);
   EXPECT_EQ(story.Rows()[0], "Zo\xC3\xAB, |03/14/26|0.18") << "reread from the file: a quote ends a field";
   EXPECT_EQ(story.Rows()[1], "Nobody|00/00/00|100");
+
+  story.Grab(270, 195).Move(200, 100).Release().Run();
+  EXPECT_EQ(story.Sounds().back(), "LetGo") << "after the game an item that is put in can be held";
+  EXPECT_FALSE(story.state.ItemInPlay(2)) << "but stays out";
+  EXPECT_EQ(story.desktop.Boxes.size(), 1U);
 }
 
 TEST(WholeGame, AThemeWithoutItemsIsOverInItsFirstFrameAlsoAfterAFullOne) {

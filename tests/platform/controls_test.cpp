@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What setting a property does: sizes, frames, persistent images, control arrays.
+// What setting a surface's size or picture does.
 #include "platform/controls.h"
 
 #include <gtest/gtest.h>
@@ -21,16 +21,6 @@ TEST(Surface, OfAFixedSizeCutsItsPictureAndShowsBackgroundBesideIt) {
   EXPECT_EQ(surface.Image().At(5, 0), 0xFF0000FF);
   surface.Resize(3, 3);
   EXPECT_EQ(surface.Image().Extent(), (Size{0, 0}));
-}
-
-TEST(Surface, DrawingNeverReachesTheSharedPicture) {
-  PictureBox surface = AutoSurface(Bitmap({4, 4}, kWhite));
-  const Picture shared = surface.PictureObject();
-  surface.Drawing().Row(0)[0] = kBlack;
-  EXPECT_EQ(shared->Pixels().At(0, 0), kWhite);
-  EXPECT_EQ(surface.Image().At(0, 0), kBlack);
-  surface.SetPicture(shared);
-  EXPECT_EQ(surface.Image().At(0, 0), kWhite);
 }
 
 }  // namespace

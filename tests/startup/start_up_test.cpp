@@ -46,7 +46,6 @@ TEST_F(StartUp, StoresValuesAsTheirTypeAsks) {
       {" 2.5 "s, kRegDword, "\"Path\"=dword:00000002\r\n", 2},
       {"2147483648"s, kRegDword, "\"Path\"=dword:00000002\r\n", 2},  // no such number: nothing is written
       {"text"s, 3, "\"Path\"=dword:00000002\r\n", 2},                // no such type
-      {Variant(), kRegDword, "\"Path\"=dword:00000000\r\n", 0},
   };
   for (const auto& c : cases) {
     Write(c.value, c.type);

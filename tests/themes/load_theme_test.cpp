@@ -42,25 +42,6 @@ auto Snapshot(const Story& story) {
                     Integer{story.state.PlainY(0)}, form.PicSprite.Count(), form.PicContMask.Count());
 }
 
-TEST(ALoadedTheme, FillsTheFieldAtOnceAndTheWindowAtTheNextStart) {
-  TestTheme wide = CupTheme(1, "Wide");
-  wide.field = {500, 250};
-  Story story({CupTheme(3), wide});
-  const frmMain& form = story.form;
-  EXPECT_EQ(form.lblTime.Caption, "00.00");
-  EXPECT_EQ(form.PicPlainSprite(0).OuterSize(), (Size{42, 32}));
-  EXPECT_FALSE(form.PicSprite(2).Visible);
-  const float windowBefore = form.Width;
-  Choose(story, "Wide");
-  EXPECT_EQ(form.Caption, "Sorvex - Wide");
-  EXPECT_EQ(form.PicCanvas.ScaleSize(), (Size{500, 250}));
-  EXPECT_EQ(form.Width, windowBefore);
-  story.Start().Frames(1).Run();
-  EXPECT_EQ(form.Width, 504 * 15 + 350);
-  EXPECT_EQ(form.PicBackbuff.ScaleSize(), (Size{500, 250}));
-  EXPECT_EQ(story.desktop.PreparedWaves.size(), 4U);
-}
-
 TEST(ALoadedTheme, HasAsManyPicturesAsItemsWhateverWasLoadedBefore) {
   Story story({CupTheme(3), CupTheme(10, "Ten"), CupTheme(21, "Full"), CupTheme(0, "Empty")});
   const auto fresh = Snapshot(story);
@@ -88,6 +69,7 @@ TEST(ALoadedTheme, IsFoundWhateverTheCaseOfItsFilesAndLeavesNothingToTheNext) {
   Choose(story, "Shout");
   EXPECT_TRUE(story.desktop.Boxes.empty());
   EXPECT_EQ(fs::path(story.form.PickupWav).filename(), "pickup.WAV");
+  EXPECT_EQ(story.desktop.PreparedWaves.size(), 4U);
   EXPECT_EQ(story.form.ThemeDescription, "One, two");
   EXPECT_EQ(story.form.ThemeDate, "May");
   RecordHighScore(story.desktop, story.form, "Shout", 3);

@@ -7,6 +7,7 @@
 #include <set>
 
 #include "support/story.h"
+#include "themes/load_theme.h"
 
 namespace sorvex {
 namespace {
@@ -31,12 +32,11 @@ TEST(MainWindow, ControlsHaveNamesOfTheirOwnAndEveryEventIsBound) {
 TEST(MainWindow, ShowsTheBuiltInPictureUntilAThemeIsLoaded) {
   Story story(std::vector<TestTheme>{});
   const PictureBox& field = story.form.PicCanvas;
-  EXPECT_EQ(field.Image().Extent(), (Size{316, 236}));
   EXPECT_EQ(field.Image().At(5, 9), story.desktop.BuiltInPicture(BuiltIn::Canvas)->Pixels().At(5, 9));
   EXPECT_EQ(story.form.picCD.ScaleSize(), (Size{61, 69})) << "the first contact test is made at this size";
 }
 
-TEST(MainWindow, IsLaidOutByTheFieldAndTheTwips) {
+TEST(MainWindow, IsLaidOutByTheFieldAndTheTwipsAtStart) {
   const struct {
     Size field;
     TwipRatio twips;
@@ -46,12 +46,19 @@ TEST(MainWindow, IsLaidOutByTheFieldAndTheTwips) {
       {{316, 236}, {12, 7.5F}, 4190, 2520, 255, 59.25F, 210.639F, 169.25F, 316.639F},
   };
   for (const auto& c : cases) {
-    TestTheme theme = CupTheme(1);
+    TestTheme theme = CupTheme(1, "Next");
     theme.field = c.field;
-    Story story({theme});
-    story.desktop.Twips = c.twips;
-    story.Start().Frames(1).Run();
+    Story story({CupTheme(2), theme});
     const frmMain& form = story.form;
+    const float before = form.Width;
+    story.desktop.Twips = c.twips;
+    LoadTheme(story.program.game, story.state.ThemeName = "Next");
+    EXPECT_EQ(form.Caption, "Sorvex - Next");
+    EXPECT_EQ(form.PicCanvas.ScaleSize(), c.field) << "the field at once";
+    EXPECT_EQ(form.Width, before) << "the window at the next Start";
+    story.Start().Frames(1).Run();
+    EXPECT_EQ(form.PicBackbuff.ScaleSize(), c.field);
+    EXPECT_EQ(form.PicPlainSprite(0).OuterSize(), (Size{42, 32})) << "the target's frame is one pixel";
     EXPECT_EQ(form.Width, c.width);
     EXPECT_EQ(form.Height, c.height);
     EXPECT_EQ(form.Command1.Top, c.row);
