@@ -84,10 +84,10 @@ TEST_F(Chooser, ShowsTheChosenThemeOrWhatTakesItsPlaceAtOnce) {
   EXPECT_EQ(story.state.ThemeName, "Other one.v2");
 }
 
-TEST(Details, AreShownOnARightReleaseInTheirFourLines) {
+TEST(Details, AreShownOnARightReleaseOrByF2InTheirFourLines) {
   Story story;
   const auto& release = story.form.imgAbout.MouseUp;
-  release(kRightButton, 0, 1, 1);
+  CommandForFunctionKey(story.form, 2)->Action();
   story.form.ThemeDate = "2026";
   release(kMiddleButton, 0, 1, 1);
   release(kRightButton, 0, 1, 1);

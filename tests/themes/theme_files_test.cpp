@@ -64,14 +64,9 @@ TEST(Theme2Ini, HoldsTwoNumbers) {
   const struct {
     const char* text;
     int x, y;
-  } cases[] = {{"250,180", 250, 180},
-               {"250\r\n180\r\n", 250, 180},
-               {"\"250\",\"180\"", 250, 180},
-               {",180", 0, 180},
-               {"\r\n7", 0, 7},
-               {"2.5, 3.5, more", 2, 4},
-               {"-5,\r\n", -5, 0},
-               {"1\n2\nabc", 1, 2}};
+  } cases[] = {{"250,180", 250, 180},  {"\"250\",\"180\"", 250, 180}, {",180", 0, 180},
+               {"\r\n7", 0, 7},        {"2.5, 3.5, more", 2, 4},      {"-5,\r\n", -5, 0},
+               {"1\r\n2\r\nabc", 1, 2}};
   for (const auto& c : cases) {
     const Target target = ParseTarget(c.text);
     EXPECT_EQ(target.x, c.x) << c.text;
