@@ -6,7 +6,6 @@
 #include <filesystem>
 
 #include "game/game.h"
-#include "platform/headless/headless_desktop.h"
 
 namespace sorvex::bench {
 
@@ -33,11 +32,6 @@ class Scene {
   frmMain form;
   modVariables state;
   Game game;
-};
-
-/// A game whose surfaces are shown nowhere.
-struct UnseenScene : private HeadlessDesktop, Scene {
-  explicit UnseenScene(const SceneDesign& design) : HeadlessDesktop("", ""), Scene(*this, design) {}
 };
 
 /// Writes the theme folder that such a game is loaded from.

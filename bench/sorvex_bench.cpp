@@ -15,9 +15,9 @@
 #include "game/render_loop.h"
 #include "game/return_item.h"
 #include "highscores/panel.h"
-#include "scene.h"
 #include "support/temp_folder.h"
 #include "themes/load_theme.h"
+#include "unseen_scene.h"
 
 namespace sorvex::bench {
 namespace {

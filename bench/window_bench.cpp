@@ -13,16 +13,16 @@
 #include <cstdlib>
 #include <exception>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <string>
 #include <thread>
 #include <vector>
 
-#include "game/render_loop.h"
 #include "platform/qt/built_ins.h"
-#include "scene.h"
+#include "shown_scene.h"
 #include "support/temp_folder.h"
-#include "ui/main_window_commands.h"
+#include "unseen_scene.h"
 #include "window/player.h"
 #include "window/process.h"
 
@@ -51,16 +51,7 @@ void WaitForServer() {
 }
 
 // The mean time of a call whose drawing is awaited, milliseconds.
-template <class Work>
-double TimeShown(const Work& work) {
-  constexpr int kTimes = 60;
-  const auto began = Clock::now();
-  for (int i = 0; i < kTimes; ++i) {
-    work();
-    WaitForServer();
-  }
-  return Milliseconds(Clock::now() - began) / kTimes;
-}
+double TimeShown(const std::function<void(int)>& work) { return MeanTime(work, WaitForServer); }
 
 /// The least that shows a picture.
 class BarePicture final : public QWidget {
@@ -93,49 +84,23 @@ FrameTimes TimeFrames(Scene& scene) {
     scene.game.desktop.DeliverEvents(10);
 
   FrameTimes least;
-  Integer step = 3;
-  scene.state.ItemY(0) = static_cast<Integer>(scene.state.ItemY(0) - 4);
+  const Rectangle field = scene.form.PicCanvas.Image().Bounds();
+  PrepareToMove(scene);
   for (int repetition = 0; repetition < 5; ++repetition) {
-    least.moving = std::min(least.moving, TimeShown([&] {
-                              scene.state.ItemY(0) = static_cast<Integer>(scene.state.ItemY(0) - step);
-                              step = static_cast<Integer>(-step);
-                              DrawAndTestFrame(scene.game);
-                            }));
-    least.full = std::min(least.full, TimeShown([&] {
-                            scene.game.frame = {};
-                            DrawAndTestFrame(scene.game);
-                          }));
-    const Rectangle field = scene.form.PicCanvas.Image().Bounds();
-    least.shown =
-        std::min(least.shown, TimeShown([&] { scene.game.desktop.Refresh(scene.form.PicCanvas, std::array{field}); }));
-    least.bare = std::min(least.bare, TimeShown([&] { bare.repaint(); }));
+    least.moving = std::min(least.moving, TimeShown([&](int turn) { ShowMovingFrame(scene, turn); }));
+    least.full = std::min(least.full, TimeShown([&](int) { ShowFullFrame(scene); }));
+    least.shown = std::min(
+        least.shown, TimeShown([&](int) { scene.game.desktop.Refresh(scene.form.PicCanvas, std::array{field}); }));
+    least.bare = std::min(least.bare, TimeShown([&](int) { bare.repaint(); }));
   }
   return least;
-}
-
-FrameTimes PlayInWindow(Desktop& desktop, const SceneDesign& design) {
-  const TempFolder theme;
-  Scene scene(desktop, design);
-  WriteTheme(scene, theme.Path());
-  scene.state.ThemeName = theme.Path();
-  Form_Load(scene.game);
-  FrameTimes times;
-  Timer& timer = scene.form.tmrChangePicBack;
-  timer.Tick = [&] {
-    timer.Enabled = false;
-    times = TimeFrames(scene);
-    scene.form.Loaded = false;
-  };
-  timer.Start(desktop.TickCount());
-  desktop.Show(scene.form, nullptr);
-  return times;
 }
 
 void BenchFrames(int& argc, char** argv) {
   const std::unique_ptr<Desktop> desktop = MakeDesktop(argc, argv);
   std::vector<FrameTimes> times;
   for (const SceneDesign& design : kScenes) {
-    times.push_back(PlayInWindow(*desktop, design));
+    PlayInWindow(*desktop, design, [&](Scene& scene) { times.push_back(TimeFrames(scene)); });
     Print(std::string("full frame composed, shown/") + design.name, times.back().full, "ms", 1.25 * times.back().bare);
     Print(std::string("full frame shown/") + design.name, times.back().shown, "ms", 1.25 * times.back().bare);
   }
