@@ -156,14 +156,25 @@ void Sitting::AwaitPanel(bool shown) {
                 [&] { return std::string(shown ? "the panel does not show" : "the panel does not hide"); });
 }
 
-// Seen before the next movement: some screens join movements that wait behind one another.
+void Sitting::AwaitItem(int i, int x, int y, bool there) {
+  const Pixel color = kBlack | 0xC00000U | static_cast<Pixel>(i * 8);
+  sorvex::Await(
+      [&] {
+        return (Look(Rectangle::At(kFieldAt + x, kFieldAt + y, {1, 1})).At(0, 0) == color) == there;
+      },
+      [&] { return "item " + std::to_string(i) + (there ? " does not follow" : " does not leave"); });
+}
+
+// Seen to follow before the next movement: some screens join movements that wait behind one another.
 void Sitting::Grab(int x, int y) {
   Hover(x, y);
-  const Rectangle field = Rectangle::At(kFieldAt, kFieldAt, theme.field);
-  const Bitmap before = Look(field);
   player->Press();
   Hover(x, y + 1);
-  sorvex::Await([&] { return Look(field) != before; }, [] { return std::string("no item follows"); });
+  for (int i = 0; i < static_cast<int>(theme.items.size()); ++i) {
+    const Placed rest = Rest(i);
+    const Size size = theme.items[static_cast<std::size_t>(i)].size;
+    if (Rectangle::At(rest.x, rest.y, size).Contains(x, y)) AwaitItem(i, x, rest.y + size.height, true);
+  }
 }
 
 // A release before the frame that shows the item on the target would send it back.
@@ -171,19 +182,11 @@ void Sitting::PutIn(int i) {
   const Placed rest = Rest(i);
   const int x = rest.x + 7;
   const int y = 150;
-  const auto awaitAbove = [&](bool there) {
-    const Pixel itemColor = kBlack | 0xC00000U | static_cast<Pixel>(i * 8);
-    sorvex::Await(
-        [&] {
-          return (Look(Rectangle::At(kFieldAt + x, kFieldAt + y, {1, 1})).At(0, 0) == itemColor) == there;
-        },
-        [&] { return "item " + std::to_string(i) + (there ? " does not follow" : " does not leave"); });
-  };
   Grab(x, rest.y + 6);
   Hover(x, y);
-  awaitAbove(true);
+  AwaitItem(i, x, y, true);
   Hover(theme.targetX + theme.target.width / 2, theme.targetY + theme.target.height / 2);
-  awaitAbove(false);
+  AwaitItem(i, x, y, false);
   player->Release();
 }
 

@@ -51,7 +51,7 @@ class Sitting {
 
   // Places are pixels of the play field.
   void Hover(int x, int y) { MoveTo(kFieldAt + x, kFieldAt + y); }
-  /// Takes the item there and waits until it follows.
+  /// Takes the item that is at rest there and waits until it follows.
   void Grab(int x, int y);
   /// Takes item `i` out of its cup and to the target, and lets go.
   void PutIn(int i);
@@ -82,6 +82,8 @@ class Sitting {
   std::filesystem::path WinePrefix() const { return folder.Path() / "wine"; }
   /// A Wine prefix of this sitting's own, which shares what is not written with the one that all are made from.
   void SetUpWine();
+  /// Waits until item `i` shows at that pixel of the field, or does not.
+  void AwaitItem(int i, int x, int y, bool there);
   void AwaitPixels(const std::string& when, const std::vector<Placed>& items, std::optional<Placed> cup,
                    const std::function<void()>& beforeEachLook);
   /// The field as it must look on the screen: each device pixel is the field's pixel under its centre.
