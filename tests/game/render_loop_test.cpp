@@ -96,5 +96,15 @@ TEST(AFrame, TestsAnItemPutInOnAndOn) {
   EXPECT_EQ(story.Sounds(), (Names{"Pickup", "PutInCont", "HitTube", "HitTube", "HitTube"})) << "and sound every frame";
 }
 
+TEST(AFrame, WithALargerItemTestsAtTheSizeBeforeFirst) {
+  TestTheme theme = CupTheme(2);
+  theme.items[1].size = {30, 30};
+  theme.items[1].y = 20 + 60 - 30;  // its lower edge lies in the cup's floor, more than 12 rows down
+  Story story({theme});
+  story.Start().Move(90, 30).Then([&] { EXPECT_TRUE(story.Sounds().empty()); });
+  story.Then([&] { EXPECT_EQ(story.Sounds(), Names{"HitTube"}); });
+  EXPECT_EQ(story.Run(), Story::End::ScriptEnded);
+}
+
 }  // namespace
 }  // namespace sorvex

@@ -51,11 +51,12 @@ bool BecomeOrdinaryUser() {
 
 std::ptrdiff_t FilesIn(const fs::path& folder) { return std::distance(fs::directory_iterator(folder), {}); }
 
-TEST(WritingAFile, FollowsLinksAndKeepsThemWithPermissions) {
+TEST(WritingAFile, FollowsLinksAndKeepsThemWithPermissionsAndOwner) {
   const TempFolder folder;
   const fs::path& root = folder.Path();
   WriteFile(root / "real/table.ini", "old");
   ::chmod((root / "real/table.ini").c_str(), 0646);
+  const uid_t owner = ::chown((root / "real/table.ini").c_str(), kNobody, kNobody) == 0 ? kNobody : ::geteuid();
   fs::create_hard_link(root / "real/table.ini", root / "being read");
   fs::create_symlink("real/table.ini", root / "relative");
   fs::create_symlink(root / "relative", root / "chained");
@@ -67,7 +68,10 @@ TEST(WritingAFile, FollowsLinksAndKeepsThemWithPermissions) {
     EXPECT_EQ(ReadWholeFile(root / file), path);
     EXPECT_TRUE(fs::is_symlink(root / path)) << path;
   }
-  EXPECT_EQ(fs::status(root / "relative").permissions(), fs::perms{0646});
+  struct stat saved {};
+  EXPECT_EQ(::stat((root / "relative").c_str(), &saved), 0);
+  EXPECT_EQ(saved.st_mode & 07777, 0646U);
+  EXPECT_EQ(saved.st_uid, owner) << "a table saved by root is still its player's";
   EXPECT_EQ(ReadWholeFile(root / "being read"), "old") << "a reader of the old file still sees all of it";
   EXPECT_EQ(FilesIn(root / "real"), 2);
 }
@@ -87,17 +91,20 @@ TEST(WritingAFile, RefusesWhatIsNotAWritableFile) {
   EXPECT_EQ(FilesIn(root), 4);
 }
 
-TEST(WritingAFile, OverwritesInPlaceWhereNothingCanBeCreated) {
+TEST(WritingAFile, OverwritesInPlaceWhereNothingCanBeCreatedOrReplaced) {
   const TempFolder folder;
   const fs::path path = folder.Path() / "HighScores.ini";
   WriteFile(path, "0123456789");
   ::chmod(path.c_str(), 0666);
-  ::chmod(folder.Path().c_str(), 0555);
-  for (const std::string& text : {std::string(100000, 'x'), std::string("short")}) {
-    EXPECT_EQ(InChild([&] { return BecomeOrdinaryUser() ? ErrorOfWriting(path, text) : kCannotTry; }), 0);
-    EXPECT_EQ(ReadWholeFile(path), text);
+  // In a sticky folder anybody may create files, but not replace those of others (here: of root).
+  for (const mode_t mode : {mode_t{0555}, mode_t{01777}}) {
+    ::chmod(folder.Path().c_str(), mode);
+    for (const std::string& text : {std::string(100000, 'x'), std::string("short")}) {
+      EXPECT_EQ(InChild([&] { return BecomeOrdinaryUser() ? ErrorOfWriting(path, text) : kCannotTry; }), 0);
+      EXPECT_EQ(ReadWholeFile(path), text);
+    }
+    EXPECT_EQ(FilesIn(folder.Path()), 1);
   }
-  EXPECT_EQ(FilesIn(folder.Path()), 1);
   ::chmod(folder.Path().c_str(), 0755);
 }
 
