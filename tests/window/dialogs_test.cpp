@@ -9,6 +9,20 @@ namespace {
 
 using namespace std::chrono_literals;
 
+Rectangle ListAfterF3(Sitting& sitting) {
+  sitting.player->Tap("F3");
+  return sitting.player->ClientArea(sitting.Await("Choose a theme"));
+}
+
+// How far below the window's top the row of one of two themes lies. Windows sorts folders.
+int RowOf(const std::string& theme, const Sitting& sitting) {
+  std::vector<std::string> names;
+  for (const auto& entry : std::filesystem::directory_iterator(sitting.folder.Path() / "program"))
+    if (entry.is_directory()) names.push_back(entry.path().filename());
+  if (sitting.system == System::Windows) std::ranges::sort(names);
+  return names.front() == theme ? 18 : 34;
+}
+
 TEST(WindowChooser, ShowsTheChosenThemeAtOnceAndCancelEndsAGame) {
   Sitting sitting(CupTheme(1));
   TestTheme other = CupTheme(2, "Other");
@@ -28,9 +42,11 @@ TEST(WindowChooser, ShowsTheChosenThemeAtOnceAndCancelEndsAGame) {
                                        Placed{0, first.contX, first.contY});
   EXPECT_TRUE(WaitUntil([&] { return sitting.Look(Rectangle::At(10, 10, other.field)) == waiting; }));
 
-  sitting.player->Tap("F3");
-  sitting.Await("Choose a theme");
-  sitting.player->Type("t");
+  const Rectangle list = ListAfterF3(sitting);
+  sitting.player->Move(list.left + 40, list.top + RowOf("Theme1", sitting));
+  sitting.player->Press();
+  WaitUntil([] { return false; }, 100ms);
+  sitting.player->Release();
   sitting.player->Tap("Return");
   sitting.Await("Sorvex - Theme1");
   sitting.AwaitField("before Start", {sitting.Rest(0)}, sitting.Cup(0));

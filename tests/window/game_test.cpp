@@ -82,6 +82,16 @@ TEST(WineLayout, StandsAsDesignedAt120DotsAnInch) {
                 {"the folder", {317, 250, 341, 298}, {317, 264, 341, 288}, false}});
 }
 
+// 7.5 twips a pixel: the row reaches beyond the 359 pixels that follow from the form's width.
+TEST(WineLayout, CutsNoButtonOffAt192DotsAnInch) {
+  Sitting sitting;
+  sitting.AddToRegistry("[Control Panel\\\\Desktop]\n\"LogPixels\"=dword:000000C0\n");
+  ExpectLayout(sitting, {377, 309},
+               {{"Start", {0, 250, 198, 309}, {90, 255, 195, 288}, true},
+                {"HighScores", {245, 250, 353, 309}, {247, 255, 352, 288}, true},
+                {"the folder", {353, 250, 377, 309}, {353, 264, 377, 288}, false}});
+}
+
 TEST(WindowGame, IsPlayedFromStartToTheStoredName) {
   Sitting sitting;
   sitting.Open();

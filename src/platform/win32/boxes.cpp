@@ -2,6 +2,8 @@
 // Message and input box.
 #include "platform/win32/boxes.h"
 
+#include <exception>
+
 #include "platform/win32/resources.h"
 #include "platform/win32/text.h"
 
@@ -22,6 +24,7 @@ struct Question {
   std::wstring prompt;
   std::wstring title;
   std::wstring answer;
+  std::exception_ptr error;
 };
 
 void TakeAnswer(HWND dialog, Question& question) {
@@ -42,7 +45,12 @@ INT_PTR CALLBACK Receive(HWND dialog, UINT message, WPARAM first, LPARAM second)
   }
   const WORD button = LOWORD(first);
   if (message != WM_COMMAND || (button != IDOK && button != IDCANCEL)) return FALSE;
-  if (button == IDOK) TakeAnswer(dialog, *reinterpret_cast<Question*>(::GetWindowLongPtrW(dialog, DWLP_USER)));
+  auto& question = *reinterpret_cast<Question*>(::GetWindowLongPtrW(dialog, DWLP_USER));
+  try {
+    if (button == IDOK) TakeAnswer(dialog, question);
+  } catch (...) {
+    question.error = std::current_exception();
+  }
   ::EndDialog(dialog, button);
   return TRUE;
 }
@@ -54,9 +62,10 @@ void ShowMessageBox(HWND owner, const std::string& text, const std::string& titl
 }
 
 std::string ShowInputBox(HWND owner, const std::string& prompt, const std::string& title) {
-  Question question{ToWide(prompt), ToWide(title), {}};
+  Question question{ToWide(prompt), ToWide(title), {}, {}};
   ::DialogBoxParamW(::GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDD_INPUT_BOX), owner, &Receive,
                     reinterpret_cast<LPARAM>(&question));
+  if (question.error) std::rethrow_exception(question.error);
   return FromWide(question.answer);
 }
 

@@ -145,15 +145,17 @@ class ListWindow final : public SystemControl {
   void Sync() override {
     SystemControl::Sync();
     if (list_.Take(control_.List)) {
+      index_.Take(-1);
       Send(LB_RESETCONTENT);
       for (const std::string& entry : control_.List)
         Send(LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(ToWide(entry).c_str()));
     }
-    if (SelectedRow() != control_.ListIndex) Send(LB_SETCURSEL, static_cast<WPARAM>(control_.ListIndex));
+    // Between press and release the list shows a selection that it has not reported yet.
+    if (index_.Take(control_.ListIndex)) Send(LB_SETCURSEL, static_cast<WPARAM>(control_.ListIndex));
   }
 
   void Notified(WORD code) override {
-    if (code == LBN_SELCHANGE || code == LBN_DBLCLK) control_.ListIndex = SelectedRow();
+    if (code == LBN_SELCHANGE || code == LBN_DBLCLK) index_.Take(control_.ListIndex = SelectedRow());
     if (code == LBN_DBLCLK) context_.handlers.Run(control_.DoubleClick);
   }
 
@@ -163,6 +165,7 @@ class ListWindow final : public SystemControl {
   ListBox& control_;
   FormContext& context_;
   Shown<std::vector<std::string>> list_;
+  Shown<int> index_;
 };
 
 }  // namespace

@@ -62,6 +62,8 @@ FormWindow::FormWindow(std::unique_ptr<FormContext> context, FormWindow* owner)
 FormWindow::~FormWindow() {
   // Before the window goes, so that the owner and no other program becomes active.
   if (owner_ != nullptr) ::EnableWindow(owner_->Handle(), TRUE);
+  // A control that goes with the focus reports that it lost it: by then the form has none.
+  const auto going = std::exchange(windows_, {});
 }
 
 void FormWindow::Sync() {
@@ -104,12 +106,24 @@ void FormWindow::SyncWindow() {
   if (background_.Take(form.BackColor)) ::InvalidateRect(Handle(), nullptr, FALSE);
   if (FormSize() == seenSize_) return;
   setSize_ = seenSize_ = FormSize();
-  requested_ = ClientSize(form, context_.desktop.TwipsPerPixel());
+  requested_ = WantedClient();
   // The client area is what counts: the frame around it is as wide as this desktop draws it.
   RECT outer{0, 0, requested_.width, requested_.height};
   ::AdjustWindowRectEx(&outer, StyleOf(form), FALSE, ExtendedStyleOf(form));
   ::SetWindowPos(Handle(), nullptr, 0, 0, outer.right - outer.left, outer.bottom - outer.top,
                  SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+Size FormWindow::WantedClient() const {
+  const Form& form = context_.form;
+  Size client = ClientSize(form, context_.desktop.TwipsPerPixel());
+  if (form.Border != FormBorder::Sizable) return client;
+  // At more than 120 dots per inch the button row's distances, which are twips, need more pixels than the width grants.
+  for (const Control* control : form.Controls)
+    if (control->Container == nullptr && control->Visible &&
+        (dynamic_cast<const CommandButton*>(control) != nullptr || dynamic_cast<const Image*>(control) != nullptr))
+      client.width = std::max(client.width, PixelBounds(*control).right);
+  return client;
 }
 
 void FormWindow::SyncControls() {
@@ -227,6 +241,7 @@ void FormWindow::CenterOnOwner() {
 }
 
 void FormWindow::KeepPosition() {
+  if (::IsIconic(Handle()) != 0) return;
   POINT client{};
   ::ClientToScreen(Handle(), &client);
   const FrameMetrics frame = MetricsOf(context_.form.Border);

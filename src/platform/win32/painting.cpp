@@ -74,8 +74,9 @@ void PaintLine(HDC context, const Rectangle& bounds) {
   ::SetPixel(context, bounds.right - 1, bounds.bottom - 1, RGB(0, 0, 0));  // a line leaves its end out
 }
 
-void PaintControl(HDC context, Desktop& desktop, const Control& control) {
+void PaintControl(HDC context, Desktop& desktop, const Control& control, const Rectangle& part) {
   const Rectangle bounds = PaintedBounds(control);
+  if (Intersection(bounds, part).Empty()) return;
   if (const auto* label = dynamic_cast<const Label*>(&control)) PaintLabel(context, desktop, *label, bounds);
   if (const auto* image = dynamic_cast<const Image*>(&control))
     if (image->Picture != BuiltIn::None) PaintBuiltIn(context, bounds, image->Picture);
@@ -98,7 +99,8 @@ void PaintAll(HDC context, const FormContext& form, const PictureBox* surface, S
   ::OffsetViewportOrgEx(context, frame, frame, &origin);
   for (const Control* control : form.form.Controls | std::views::reverse)
     if (control->Container == surface && control->Visible && IsPainted(*control))
-      PaintControl(context, form.desktop, *control);
+      PaintControl(context, form.desktop, *control,
+                   Rectangle{part.left, part.top, part.right, part.bottom}.Moved(-frame, -frame));
   ::SetViewportOrgEx(context, origin.x, origin.y, nullptr);
 }
 

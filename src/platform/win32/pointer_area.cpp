@@ -66,7 +66,7 @@ void ForEachJoinedMove(HWND window, const MOUSEMOVEPOINT& last, MOUSEMOVEPOINT n
 }  // namespace
 
 void PointerArea::LosePointer() {
-  if (::GetCapture() == Handle()) ::ReleaseCapture();
+  if (::GetCapture() == Handle() || ::IsChild(Handle(), ::GetCapture()) != 0) ::ReleaseCapture();
   context_.handlers.Run([this] { context_.pointer.Lose(); });
 }
 
@@ -96,6 +96,7 @@ LRESULT PointerArea::Receive(UINT message, WPARAM first, LPARAM second) {
       return NativeWindow::Receive(message, first, second);
     case WM_ERASEBKGND: return TRUE;
     case WM_PAINT: Paint(); return 0;
+    case WM_PRINTCLIENT: Print(reinterpret_cast<HDC>(first)); return 0;  // for the see-through edges of buttons
     case WM_COMMAND: return ::SendMessageW(::GetAncestor(Handle(), GA_ROOT), message, first, second);
     case WM_CTLCOLORBTN:
       return reinterpret_cast<LRESULT>(BackgroundBrush(reinterpret_cast<HDC>(first), context_, surface_));
@@ -165,6 +166,12 @@ void PointerArea::Paint() {
   ::GetClientRect(Handle(), &client);
   PaintArea(screen, context_, surface_, {client.right, client.bottom}, paint.rcPaint);
   ::EndPaint(Handle(), &paint);
+}
+
+void PointerArea::Print(HDC target) {
+  RECT client{};
+  ::GetClientRect(Handle(), &client);
+  PaintArea(target, context_, surface_, {client.right, client.bottom}, client);
 }
 
 }  // namespace sorvex

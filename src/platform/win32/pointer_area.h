@@ -42,6 +42,7 @@ class PointerArea : public NativeWindow {
   void MoveTo(POINT place, Integer shift);
   bool ShowShape();
   void Paint();
+  void Print(HDC target);
   int FrameOffset() const { return surface_ == nullptr ? 0 : FrameWidth(surface_->BorderStyle); }
 
   PictureBox* surface_;
