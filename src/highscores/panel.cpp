@@ -9,7 +9,7 @@ namespace {
 
 void AddRow(Desktop& desktop, ControlArray<Label>& column, int row, const std::string& caption) {
   Label& label = column.Load(row);
-  // The pitch comes from the designed height, so the caption, which may change the height, is set after.
+  // The pitch comes from the designed height: the panel is not shown yet, so no caption has changed it.
   label.Top = column(row - 1).Top + label.Height + 2;
   label.SetCaption(desktop, caption);
   label.Visible = true;
@@ -29,7 +29,7 @@ void BuildHighScoreRows(Desktop& desktop, frmMain& form) {
 
 void cmdShowHighscores_Click(Desktop& desktop, frmMain& form, const std::string& themeName) {
   LoadHighScores(desktop, form, themeName);
-  form.picHighScores.Visible = true;
+  ShowControl(desktop, form, form.picHighScores);
 }
 
 void cmdHideScores_Click(frmMain& form) { form.picHighScores.Visible = false; }

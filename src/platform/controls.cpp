@@ -9,6 +9,19 @@
 #include "platform/desktop.h"
 
 namespace sorvex {
+
+bool IsShown(const Control& control) {
+  return control.Visible && (control.Container == nullptr || IsShown(*control.Container));
+}
+
+void ShowControl(Desktop& desktop, const Form& form, Control& control) {
+  control.Visible = true;
+  for (Control* each : form.Controls) {
+    auto* label = dynamic_cast<Label*>(each);
+    if (label != nullptr && label->AutoSize && IsShown(*label)) label->FitToText(desktop);
+  }
+}
+
 void PictureBox::SetPicture(Picture picture) {
   ++revision_;
   picture_ = std::move(picture);
@@ -48,7 +61,7 @@ void PictureBox::Materialize() {
 void Label::SetCaption(Desktop& desktop, std::string caption) {
   if (caption == Caption) return;
   Caption = std::move(caption);
-  if (AutoSize) FitToText(desktop);
+  if (AutoSize && IsShown(*this)) FitToText(desktop);
 }
 
 void Label::FitToText(Desktop& desktop) {

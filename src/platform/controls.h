@@ -153,7 +153,8 @@ struct Label : Control {
   sorvex::Font Font;
   Event Click;
 
-  /// Sets the caption; an auto-size label takes its text's size, its top-left corner stays.
+  /// Sets the caption; an auto-size label takes its text's size, its top-left corner stays. One that is not shown does
+  /// so in ShowControl: measuring its text would load its font.
   void SetCaption(Desktop& desktop, std::string caption);
   /// Makes the label as large as its text: as high at the width it has where it wraps words.
   void FitToText(Desktop& desktop);
@@ -302,6 +303,11 @@ void ControlArray<T>::Unload(int index) {
   std::erase(form_.Controls, elements_.back().get());
   elements_.pop_back();
 }
+
+/// True when the control and all that it stands on are visible.
+bool IsShown(const Control& control);
+/// Makes a control visible; auto-size labels that are shown then take their texts' sizes.
+void ShowControl(Desktop& desktop, const Form& form, Control& control);
 
 /// Gives every picture surface of a new form its background colour and its built-in picture.
 void PaintDesign(Desktop& desktop, Form& form);

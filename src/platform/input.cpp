@@ -49,10 +49,6 @@ Control* WindowlessControlAt(const Form& form, const PictureBox* surface, float 
   return hit == form.Controls.end() ? nullptr : *hit;
 }
 
-bool IsShown(const Control& control) {
-  return control.Visible && (control.Container == nullptr || IsShown(*control.Container));
-}
-
 void PointerInput::Press(PictureBox* surface, Integer button, Integer shift, float x, float y) {
   if (down_ == 0) {
     target_ = WindowlessControlAt(form_, surface, x, y);

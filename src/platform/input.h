@@ -14,9 +14,6 @@ namespace sorvex {
 /// area, null when there is none.
 Control* WindowlessControlAt(const Form& form, const PictureBox* surface, float x, float y);
 
-/// True when the control and all that it stands on are visible.
-bool IsShown(const Control& control);
-
 /// One form's pointer. A front end reports each native press (every press, the second of a double click too), movement
 /// and release with the surface that the window system named for it (null: the form) and the place in that surface's
 /// drawing area. While a button is down all events belong to the control that was pressed first.

@@ -77,7 +77,12 @@ void Command1_Click(Game& game) {
   } while (state.NewGameWanted);
 }
 
-void Image1_Click(frmMain& form) { form.lblTime.Visible = !form.lblTime.Visible; }
+void Image1_Click(Desktop& desktop, frmMain& form) {
+  if (form.lblTime.Visible)
+    form.lblTime.Visible = false;
+  else
+    ShowControl(desktop, form, form.lblTime);
+}
 
 void Form_Unload(frmMain& form) {
   form.StopRendering = true;

@@ -15,7 +15,7 @@ bool Form_Load(Game& game);
 void Command1_Click(Game& game);
 
 /// Shows or hides the elapsed time.
-void Image1_Click(frmMain& form);
+void Image1_Click(Desktop& desktop, frmMain& form);
 
 /// Ends the program at once; always throws ProgramEnded.
 [[noreturn]] void Form_Unload(frmMain& form);
