@@ -1,46 +1,37 @@
 // SPDX-License-Identifier: MIT
-// Playing wave files without waiting: files are loaded ahead, a new sound cuts off the one that plays.
+// Sounds without delay to the start: the code that plays them, and the many libraries it needs, are loaded from a
+// library beside the program once the window is painted.
 #pragma once
 
-#include <QAudioFormat>
-#include <QAudioSink>
-#include <QByteArray>
-#include <QDateTime>
 #include <QTimer>
-#include <map>
 #include <memory>
 #include <span>
 #include <string>
+#include <vector>
+
+#include "platform/qt/wave_player.h"
 
 namespace sorvex {
 
 class Sounds {
  public:
-  Sounds();
+  /// `library` is the path of the library that plays them.
+  explicit Sounds(std::string library);
 
-  /// Keeps these files loaded and no others; a file that changed since it was loaded is loaded again.
+  /// Keeps these files loaded and no others, from soon on.
   void Prepare(std::span<const std::string> paths);
-  /// Plays the file from its start. A file that cannot be played gives the desktop's bell; without an audio device
-  /// there is silence.
+  /// Plays the file from its start. A file that cannot be played, or any when the library cannot be loaded, gives the
+  /// desktop's bell; without an audio device there is silence.
   void Play(const std::string& path);
 
  private:
-  struct Wave {
-    QDateTime changed;
-    qint64 size = 0;
-    QAudioFormat format;  ///< invalid when the file cannot be played
-    QByteArray samples;
-  };
+  void Load();
 
-  const Wave* Load(const std::string& path);
-  void Feed();
-
-  std::map<std::string, Wave> waves_;
-  std::unique_ptr<QAudioSink> sink_;
-  QIODevice* device_ = nullptr;  // takes the samples of what plays
-  QByteArray samples_;
-  qint64 taken_ = 0;  // how many bytes of samples_ it has
-  QTimer feeder_;     // runs while it has not all of them
+  std::string library_;
+  bool tried_ = false;                  // to load it
+  std::unique_ptr<WavePlayer> player_;  // null: not loaded
+  std::vector<std::string> prepared_;   // what it is to keep loaded
+  QTimer loading_;                      // loads the library
 };
 
 }  // namespace sorvex
