@@ -208,8 +208,7 @@ std::size_t PixelsOf(const SceneDesign& design) {
 void BenchGame(Stage& stage, const SceneDesign& design, std::size_t bareMemory) {
   const TempFolder folder;
   WriteTheme(UnseenScene(design), folder.Path() / "Theme1");
-  for (const std::filesystem::path file : {SORVEX_PROGRAM, SORVEX_SOUNDS})
-    std::filesystem::copy_file(file, folder.Path() / file.filename());
+  std::filesystem::copy_file(SORVEX_PROGRAM, folder.Path() / "Sorvex");
   const Process program = stage.Start(folder.Path() / "Sorvex");
   const Rectangle client = stage.AwaitWindow("Sorvex - Theme1");
   Await([&] { return stage.player.HasFocus(stage.player.Find("Sorvex - Theme1")); },

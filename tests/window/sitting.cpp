@@ -48,8 +48,7 @@ System TheSystem() {
 Sitting::Sitting(TestTheme itsTheme, double itsScale)
     : theme(std::move(itsTheme)), scale(itsScale), painter_(ThemeFile(""), theme.targetX, theme.targetY) {
   WriteTheme(folder.Path() / "program", theme);
-  for (const fs::path file : {SORVEX_PROGRAM, SORVEX_SOUNDS})
-    fs::copy_file(file, folder.Path() / "program" / file.filename());
+  fs::copy_file(SORVEX_PROGRAM, folder.Path() / "program/Sorvex");
   if (system == System::Windows) SetUpWine();
   const fs::path home = folder.Path() / "home";
   fs::create_directories(home / "runtime");

@@ -21,7 +21,6 @@
 #include <filesystem>
 #include <utility>
 
-#include "base/files.h"
 #include "platform/posix/write_whole_file.h"
 #include "platform/qt/accessibility.h"
 #include "platform/qt/boxes.h"
@@ -80,7 +79,6 @@ class QtDesktop::SessionEnd final : public QObject {
 QtDesktop::QtDesktop(int& argc, char** argv)
     : application_(argc, argv),
       handlers_([this] { Sync(); }),
-      sounds_(JoinPath(ProgramFolder(), "libsorvex-sounds.so")),
       registry_(DefaultRegistryPath()),
       sessionEnd_(std::make_unique<SessionEnd>(*this)),
       signals_([this] { EndSession(); }) {

@@ -10,7 +10,7 @@
 
 namespace sorvex {
 
-Sounds::Sounds(std::string library) : library_(std::move(library)) {
+Sounds::Sounds() {
   // From the first theme's loading on; the window is painted by then.
   constexpr int kStartUp = 100;
   loading_.setInterval(kStartUp);
@@ -33,8 +33,8 @@ void Sounds::Play(const std::string& path) {
 
 void Sounds::Load() {
   if (std::exchange(tried_, true)) return;
-  // Not by the toolkit, which loses a path that is no valid UTF-8. It stays loaded: its code runs to the very end.
-  void* library = ::dlopen(library_.c_str(), RTLD_NOW);
+  // It stays loaded: its code runs to the very end.
+  void* library = ::dlopen("libsorvex-sounds.so", RTLD_NOW);
   void* make = library == nullptr ? nullptr : ::dlsym(library, "MakeSorvexWavePlayer");
   if (make == nullptr) {
     std::fprintf(stderr, "Sounds cannot be played: %s\n", ::dlerror());

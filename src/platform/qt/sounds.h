@@ -15,8 +15,7 @@ namespace sorvex {
 
 class Sounds {
  public:
-  /// `library` is the path of the library that plays them.
-  explicit Sounds(std::string library);
+  Sounds();
 
   /// Keeps these files loaded and no others, from soon on.
   void Prepare(std::span<const std::string> paths);
@@ -27,7 +26,6 @@ class Sounds {
  private:
   void Load();
 
-  std::string library_;
   bool tried_ = false;                  // to load it
   std::unique_ptr<WavePlayer> player_;  // null: not loaded
   std::vector<std::string> prepared_;   // what it is to keep loaded
