@@ -10,10 +10,12 @@
 #include <QDialog>
 #include <QEventLoop>
 #include <QFile>
+#include <QFontMetrics>
 #include <QImageReader>
 #include <QLocale>
 #include <QProxyStyle>
 #include <QRegion>
+#include <QThreadPool>
 #include <QUrl>
 #include <algorithm>
 #include <chrono>
@@ -50,6 +52,11 @@ void ChooseLook() {
   QApplication::setStyle(style);
   QApplication::setPalette(style->standardPalette());
   QApplication::setFont(ToQt(Font{"Arial", 9.75F, 400, false}));
+}
+
+// The first use of a font makes the toolkit look through the system's: meanwhile the theme can be read.
+void FindFontsMeanwhile() {
+  QThreadPool::globalInstance()->start([font = QApplication::font()] { QFontMetrics(font).height(); });
 }
 
 }  // namespace
@@ -90,6 +97,7 @@ QtDesktop::QtDesktop(int& argc, char** argv)
   // A message may be shown and closed while there is no window yet.
   QApplication::setQuitOnLastWindowClosed(false);
   ChooseLook();
+  FindFontsMeanwhile();
   InstallAccessibility();
 }
 
