@@ -142,6 +142,12 @@ TEST(ThePanel, HasTenRowsAndIsRereadAtEveryShowing) {
   WriteFile(story.ThemeFile("HighScores.ini"), HighScoreFile({"6"}));
   form.cmdShowHighscores.Click();
   EXPECT_EQ(story.Rows()[0], "P0|01/02/03|6");
+  for (const Control* control : form.Controls) {
+    const auto* label = dynamic_cast<const Label*>(control);
+    if (label == nullptr || !IsShown(*label)) continue;
+    const Size text = story.desktop.MeasureText(label->Font, label->Caption, 0);
+    EXPECT_EQ((Size{ToPixels(label->Width), ToPixels(label->Height)}), text) << label->Name << " " << label->Caption;
+  }
   story.Start().Frames(2).Run();
   EXPECT_TRUE(form.picHighScores.Visible) << "also when a game starts";
 }
