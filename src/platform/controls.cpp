@@ -9,6 +9,14 @@
 #include "platform/desktop.h"
 
 namespace sorvex {
+namespace {
+
+void SetDesignPicture(Desktop& desktop, PictureBox& surface) {
+  const BuiltIn picture = surface.DesignPicture;
+  surface.SetPicture(picture == BuiltIn::None ? nullptr : desktop.BuiltInPicture(picture));
+}
+
+}  // namespace
 
 bool IsShown(const Control& control) {
   return control.Visible && (control.Container == nullptr || IsShown(*control.Container));
@@ -16,6 +24,8 @@ bool IsShown(const Control& control) {
 
 void ShowControl(Desktop& desktop, const Form& form, Control& control) {
   control.Visible = true;
+  auto* surface = dynamic_cast<PictureBox*>(&control);
+  if (surface != nullptr && !surface->PictureObject()) SetDesignPicture(desktop, *surface);
   for (Control* each : form.Controls) {
     auto* label = dynamic_cast<Label*>(each);
     if (label != nullptr && label->AutoSize && IsShown(*label)) label->FitToText(desktop);
@@ -93,8 +103,7 @@ void PaintDesign(Desktop& desktop, Form& form) {
     auto* surface = dynamic_cast<PictureBox*>(control);
     if (surface == nullptr) continue;
     surface->Background = desktop.ResolveColor(surface->BackColor);
-    surface->SetPicture(surface->DesignPicture == BuiltIn::None ? nullptr
-                                                                : desktop.BuiltInPicture(surface->DesignPicture));
+    if (IsShown(*surface) || surface->DesignPicture == BuiltIn::None) SetDesignPicture(desktop, *surface);
   }
 }
 
