@@ -135,6 +135,8 @@ TEST(WindowKeys, TabSpaceEnterAndAccessKeysDoAsTheirRulesSay) {
   sitting.AwaitPanel(false);  // Enter on the focused Close
   sitting.player->Tap("h", "Alt_L");
   sitting.AwaitPanel(true);
+  sitting.player->Tap("c", "Alt_L");
+  EXPECT_FALSE(WaitUntil([&] { return !sitting.PanelShows(); }, 300ms)) << "Close has no access key";
   keys({"Tab", "Tab", "space"});
   sitting.AwaitPanel(false);
   sitting.Click(10 + 160, 10 + 150);

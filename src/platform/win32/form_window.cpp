@@ -40,7 +40,8 @@ DWORD ExtendedStyleOf(const Form& form) {
 wchar_t AccessKeyOf(const CommandButton& button) {
   const std::wstring caption = ToWide(button.Caption);
   const std::size_t mark = caption.find(L'&');
-  return mark + 1 < caption.size() ? static_cast<wchar_t>(std::towupper(caption[mark + 1])) : L'\0';
+  if (mark == std::wstring::npos || mark + 1 == caption.size()) return L'\0';
+  return static_cast<wchar_t>(std::towupper(caption[mark + 1]));
 }
 
 }  // namespace
