@@ -48,16 +48,7 @@ TEST(Contact, IsWhatTheRasterProcedureFinds) {
     PictureBox work = WorkSurface();
     Bitmap plainWork(kDesigned, kWorkColour);
     for (int round = 0; round < 10; ++round) {
-      const Size container{random.Number(1, 140), random.Number(1, 30)};
-      const PictureBox containerMask = AutoSurface(random.Bitmap(container, Colours::MaskLike));
-      const Size item{random.Number(1, container.width + 4), random.Number(1, container.height + 4)};
-      Bitmap shape(item, kWhite);
-      for (int dots = random.Number(0, 6); dots > 0; --dots)
-        shape.Row(random.Number(0, item.height - 1))[random.Number(0, item.width - 1)] =
-            random.Number(0, 1) == 0 ? kBlack : random.MaskPixel();
-      const PictureBox itemMask = AutoSurface(std::move(shape));
-      const int dx = random.Number(-item.width - 3, container.width + 3);
-      const int dy = random.Number(-item.height - 3, container.height + 3);
+      const auto [itemMask, containerMask, dx, dy] = RandomContact(random, {140, 30});
 
       const bool expected = ContactByRasterOperations(dx, dy, itemMask, containerMask, plainWork);
       const int left = random.Number(-300, 300);

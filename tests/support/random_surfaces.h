@@ -2,6 +2,7 @@
 // Surfaces with random pixels for tests that hold fast paths against plain ones.
 #pragma once
 
+#include <algorithm>
 #include <random>
 #include <utility>
 
@@ -50,6 +51,31 @@ inline PictureBox AutoSurface(Bitmap pixels, Frame frame = Frame::Sunken) {
   surface.SetPicture(MakeMask(std::move(pixels)));
   return surface;
 }
+
+/// An item near its container, the item at most 4 pixels larger and within 277 x 261: what the raster procedure of the
+/// contact test can tell.
+struct RandomContact {
+  RandomContact(Random& random, Size largestContainer)
+      : containerMask(AutoSurface(
+            random.Bitmap({random.Number(1, largestContainer.width), random.Number(1, largestContainer.height)},
+                          Colours::MaskLike))) {
+    const Size container = containerMask.ScaleSize();
+    const Size item{random.Number(1, std::min(container.width + 4, 277)),
+                    random.Number(1, std::min(container.height + 4, 261))};
+    Bitmap shape(item, kWhite);
+    for (int dots = random.Number(0, 6); dots > 0; --dots)
+      shape.Row(random.Number(0, item.height - 1))[random.Number(0, item.width - 1)] =
+          random.Number(0, 1) == 0 ? kBlack : random.MaskPixel();
+    itemMask = AutoSurface(std::move(shape));
+    dx = random.Number(-item.width - 3, container.width + 3);
+    dy = random.Number(-item.height - 3, container.height + 3);
+  }
+
+  PictureBox itemMask;
+  PictureBox containerMask;
+  int dx = 0;  ///< how far the item stands to the right of its container
+  int dy = 0;
+};
 
 /// A surface with a drawing area of its own that holds `pixels`.
 inline PictureBox FixedSurface(Bitmap pixels) {

@@ -146,18 +146,8 @@ TEST(Gdi, FindsTheSameContacts) {
     WorkSurfaces surfaces;
     PictureBox work = FixedSurface(Bitmap({61, 69}));
     for (int round = 0; round < 10; ++round) {
-      const bool large = random.Number(0, 19) == 0;
-      const Size container{random.Number(1, large ? 280 : 140), random.Number(1, large ? 265 : 30)};
-      const PictureBox containerMask = AutoSurface(random.Bitmap(container, Colours::MaskLike));
-      const Size item{random.Number(1, std::min(container.width + 4, 277)),
-                      random.Number(1, std::min(container.height + 4, 261))};
-      Bitmap shape(item, kWhite);
-      for (int dots = random.Number(0, 6); dots > 0; --dots)
-        shape.Row(random.Number(0, item.height - 1))[random.Number(0, item.width - 1)] =
-            random.Number(0, 1) == 0 ? kBlack : random.MaskPixel();
-      const PictureBox itemMask = AutoSurface(std::move(shape));
-      const int dx = random.Number(-item.width - 3, container.width + 3);
-      const int dy = random.Number(-item.height - 3, container.height + 3);
+      const Size largest = random.Number(0, 19) == 0 ? Size{280, 265} : Size{140, 30};
+      const auto [itemMask, containerMask, dx, dy] = RandomContact(random, largest);
 
       const bool expected = surfaces.Contact(dx, dy, itemMask, containerMask);
       ASSERT_EQ(HitsContainer(ToInteger(7 + dx), ToInteger(9 + dy), 7, 9, itemMask, containerMask, work), expected)
