@@ -47,26 +47,6 @@ std::vector<QImage> ImagesIn(QByteArray bytes) {
 
 }  // namespace
 
-QImage ViewOf(const Bitmap& bitmap) {
-  return {reinterpret_cast<const uchar*>(bitmap.Pixels().data()), bitmap.Width(), bitmap.Height(),
-          static_cast<qsizetype>(bitmap.Width() * sizeof(Pixel)), QImage::Format_RGB32};
-}
-
-QImage ViewOf(Bitmap& bitmap) {
-  return {reinterpret_cast<uchar*>(bitmap.Row(0)), bitmap.Width(), bitmap.Height(),
-          static_cast<qsizetype>(bitmap.Width() * sizeof(Pixel)), QImage::Format_RGB32};
-}
-
-Bitmap CopyOf(const QImage& image) {
-  const QImage opaque = image.convertToFormat(QImage::Format_RGB32);
-  Bitmap copy({opaque.width(), opaque.height()});
-  for (int y = 0; y < copy.Height(); ++y) {
-    const auto* row = reinterpret_cast<const Pixel*>(opaque.constScanLine(y));
-    std::transform(row, row + copy.Width(), copy.Row(y), [](Pixel pixel) { return kBlack | pixel; });
-  }
-  return copy;
-}
-
 QImage BuiltInImage(BuiltIn which, QSize size) {
   QImage chosen;
   for (const QImage& image : ImagesIn(BytesOf(which))) {

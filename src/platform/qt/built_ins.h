@@ -7,16 +7,9 @@
 #include <QImage>
 #include <QSize>
 
-#include "base/bitmap.h"
 #include "platform/picture.h"
 
 namespace sorvex {
-
-/// Qt's view of the pixels; it reads, and may write, the memory of `bitmap`, which must outlive it.
-QImage ViewOf(const Bitmap& bitmap);
-QImage ViewOf(Bitmap& bitmap);
-/// A copy of the image's colours; its transparency is dropped.
-Bitmap CopyOf(const QImage& image);
 
 /// Of the picture's images the one that stands `size` device pixels best: the smallest that is not smaller, else the
 /// largest.

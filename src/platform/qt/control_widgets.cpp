@@ -17,6 +17,7 @@
 #include <vector>
 
 #include "platform/qt/built_ins.h"
+#include "platform/qt/images.h"
 #include "platform/qt/text.h"
 #include "platform/shown.h"
 

@@ -3,7 +3,6 @@
 #include "platform/qt/qt_desktop.h"
 
 #include <QAbstractEventDispatcher>
-#include <QBuffer>
 #include <QCursor>
 #include <QDate>
 #include <QDesktopServices>
@@ -11,7 +10,6 @@
 #include <QEventLoop>
 #include <QFile>
 #include <QFontMetrics>
-#include <QImageReader>
 #include <QLocale>
 #include <QProxyStyle>
 #include <QRegion>
@@ -23,11 +21,13 @@
 #include <filesystem>
 #include <utility>
 
+#include "platform/decode_bitmap.h"
 #include "platform/posix/write_whole_file.h"
 #include "platform/qt/accessibility.h"
 #include "platform/qt/boxes.h"
 #include "platform/qt/built_ins.h"
 #include "platform/qt/form_window.h"
+#include "platform/qt/images.h"
 #include "platform/qt/text.h"
 #include "platform/version.h"
 
@@ -208,19 +208,7 @@ void QtDesktop::EndSession() {
 
 QWidget* QtDesktop::ActiveWindow() const { return shown_.empty() ? nullptr : &shown_.back()->window; }
 
-std::optional<Bitmap> QtDesktop::DecodeBitmap(std::string_view bytes) {
-  QByteArray file = QByteArray::fromRawData(bytes.data(), static_cast<qsizetype>(bytes.size()));
-  QBuffer buffer(&file);
-  QImageReader reader(&buffer, "BMP");
-  const QSize size = reader.size();
-  if (size.isEmpty()) return std::nullopt;
-  Bitmap pixels = Bitmap::Unpainted({size.width(), size.height()});
-  QImage image = ViewOf(pixels);
-  if (!reader.read(&image)) return std::nullopt;
-  // The reader decodes into the image it is given where that has the file's own form, else into a new one.
-  if (image.constBits() != reinterpret_cast<const uchar*>(pixels.Row(0))) return CopyOf(image);
-  return pixels;
-}
+std::optional<Bitmap> QtDesktop::DecodeBitmap(std::string_view bytes) { return sorvex::DecodeBitmap(bytes); }
 
 Picture QtDesktop::BuiltInPicture(BuiltIn which) { return MakePicture(CopyOf(BuiltInImage(which, QSize()))); }
 

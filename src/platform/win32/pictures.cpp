@@ -13,6 +13,8 @@
 #include <memory>
 #include <type_traits>
 
+#include "platform/decode_bitmap.h"
+
 namespace sorvex {
 namespace {
 
@@ -89,6 +91,8 @@ std::optional<Bitmap> DecodePicture(std::string_view bytes) {
   std::for_each_n(pixels.Row(0), pixels.Pixels().size(), [](Pixel& pixel) { pixel |= kBlack; });
   return pixels;
 }
+
+std::optional<Bitmap> DecodeBitmap(std::string_view bytes) { return DecodePicture(bytes); }
 
 void PaintPicture(HDC context, const Rectangle& place, std::string_view bytes) {
   static const GdiPlus session;
