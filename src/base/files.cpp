@@ -2,8 +2,13 @@
 // Finding and reading the files of themes.
 #include "base/files.h"
 
+#include <algorithm>
+#include <chrono>
 #include <filesystem>
 #include <fstream>
+#include <random>
+#include <system_error>
+#include <utility>
 
 #include "base/text.h"
 
@@ -21,12 +26,46 @@ std::string ToText(const fs::path& path) {
   return {reinterpret_cast<const char*>(text.data()), text.size()};
 }
 
+// The name of a folder's entry, nullopt when it is no valid text on this system: unpaired halves of UTF-16 cannot be
+// written as UTF-8, nor such a name be asked for again.
+std::optional<std::string> NameOf(const fs::directory_entry& entry) {
+  try {
+    return ToText(entry.path().filename());
+  } catch (const std::system_error&) {
+    return std::nullopt;
+  }
+}
+
+constexpr std::string_view kTemporaryPrefix = ".sorvex-";
+
+bool IsTemporaryName(std::string_view name) {
+  return name.starts_with(kTemporaryPrefix) &&
+         name.substr(kTemporaryPrefix.size()).find_first_not_of("0123456789-") == std::string_view::npos;
+}
+
 // Opening a pipe would wait for its writer, and a folder opens on some systems: only plain files count.
 std::ifstream OpenPlainFile(const std::string& name) {
   const fs::path path = ToPath(name);
   std::error_code error;
   if (!fs::is_regular_file(path, error)) return {};
   return std::ifstream(path, std::ios::binary);
+}
+
+// nullopt when the file is not open or has no size.
+std::optional<std::uintmax_t> SizeOf(std::ifstream& file) {
+  if (!file.is_open()) return std::nullopt;
+  const auto size = static_cast<std::streamoff>(file.seekg(0, std::ios::end).tellg());
+  file.seekg(0);
+  return size < 0 ? std::nullopt : std::optional(static_cast<std::uintmax_t>(size));
+}
+
+// The first `count` bytes, fewer where the file was cut off meanwhile; nullopt when they cannot be read.
+std::optional<std::string> ReadBytes(std::ifstream& file, std::uintmax_t count) {
+  std::string bytes(static_cast<std::size_t>(count), '\0');
+  file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+  if (file.bad()) return std::nullopt;
+  bytes.resize(static_cast<std::size_t>(file.gcount()));
+  return bytes;
 }
 
 }  // namespace
@@ -37,14 +76,15 @@ std::string FindFile(std::string_view folder, std::string_view name) {
   const fs::path named = ToPath(folder) / ToPath(name);
   std::error_code error;
   if (fs::exists(named, error)) return ToText(named);
-  std::optional<std::string> found;
+  std::optional<std::string> found;  // the name that differs in case
   for (auto entry = fs::directory_iterator(ToPath(folder), error); !error && entry != fs::directory_iterator();
        entry.increment(error)) {
-    if (!EqualIgnoringCase(ToText(entry->path().filename()), name)) continue;
+    const std::optional<std::string> entryName = NameOf(*entry);
+    if (!entryName || !EqualIgnoringCase(*entryName, name)) continue;
     if (found) return ToText(named);
-    found = ToText(entry->path());
+    found = entryName;
   }
-  return found.value_or(ToText(named));
+  return found ? JoinPath(folder, *found) : ToText(named);
 }
 
 std::vector<std::string> FoldersIn(std::string_view folder) {
@@ -53,22 +93,45 @@ std::vector<std::string> FoldersIn(std::string_view folder) {
   for (auto entry = fs::directory_iterator(ToPath(folder), error); !error && entry != fs::directory_iterator();
        entry.increment(error)) {
     std::error_code unreachable;
-    if (entry->is_directory(unreachable)) names.push_back(ToText(entry->path().filename()));
+    if (!entry->is_directory(unreachable)) continue;
+    if (std::optional<std::string> name = NameOf(*entry)) names.push_back(*std::move(name));
   }
   return names;
 }
 
+bool PathExists(const std::string& path) {
+  std::error_code error;
+  return fs::exists(fs::status(ToPath(path), error)) || error == std::errc::permission_denied;
+}
+
 std::optional<std::string> ReadFile(const std::string& path, std::uintmax_t limit) {
   std::ifstream file = OpenPlainFile(path);
-  if (!file.is_open()) return std::nullopt;
-  const auto size = static_cast<std::streamoff>(file.seekg(0, std::ios::end).tellg());
-  if (size < 0 || static_cast<std::uintmax_t>(size) > limit) return std::nullopt;
-  file.seekg(0);
-  std::string bytes(static_cast<std::size_t>(size), '\0');
-  file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-  if (file.bad()) return std::nullopt;
-  bytes.resize(static_cast<std::size_t>(file.gcount()));
-  return bytes;
+  const std::optional<std::uintmax_t> size = SizeOf(file);
+  return size && *size <= limit ? ReadBytes(file, *size) : std::nullopt;
+}
+
+std::optional<std::string> ReadStart(const std::string& path, std::uintmax_t count) {
+  std::ifstream file = OpenPlainFile(path);
+  const std::optional<std::uintmax_t> size = SizeOf(file);
+  return size ? ReadBytes(file, std::min(count, *size)) : std::nullopt;
+}
+
+std::string TemporaryName() {
+  std::random_device random;
+  return std::string(kTemporaryPrefix) + std::to_string(random()) + "-" + std::to_string(random());
+}
+
+void RemoveLeftTemporaries(std::string_view folder) {
+  const auto youngest = fs::file_time_type::clock::now() - std::chrono::minutes(1);
+  std::error_code error;
+  for (auto entry = fs::directory_iterator(ToPath(folder), error); !error && entry != fs::directory_iterator();
+       entry.increment(error)) {
+    const std::optional<std::string> name = NameOf(*entry);
+    std::error_code gone;
+    if (name && IsTemporaryName(*name) && fs::is_regular_file(entry->symlink_status(gone)) &&
+        entry->last_write_time(gone) < youngest && !gone)
+      fs::remove(entry->path(), gone);
+  }
 }
 
 }  // namespace sorvex

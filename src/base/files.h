@@ -18,11 +18,22 @@ std::string JoinPath(std::string_view folder, std::string_view name);
 std::string FindFile(std::string_view folder, std::string_view name);
 
 /// The names of the folders in `folder` (links to folders and names that begin with a dot included), in the file
-/// system's order; empty when it cannot be read.
+/// system's order; empty when it cannot be read. A name that is no valid text on this system is left out.
 std::vector<std::string> FoldersIn(std::string_view folder);
+
+/// True when there is anything of that name, or when that cannot be known.
+bool PathExists(const std::string& path);
 
 /// The whole file, nullopt when it cannot be opened or read or is longer than `limit` bytes.
 std::optional<std::string> ReadFile(const std::string& path, std::uintmax_t limit);
+/// The first `count` bytes of the file, all of a shorter one; nullopt when it cannot be opened or read.
+std::optional<std::string> ReadStart(const std::string& path, std::uintmax_t count);
+
+/// A name for a new file that is to take another's place: hidden, in no theme's list, and nobody can foresee it.
+std::string TemporaryName();
+/// Removes the files with such names that were left in `folder` over a minute ago, by saves that did not come to their
+/// end. Younger ones may be another copy's of the program.
+void RemoveLeftTemporaries(std::string_view folder);
 
 }  // namespace sorvex
 

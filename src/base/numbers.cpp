@@ -61,9 +61,11 @@ double LeadingNumber(std::string_view text) {
   double value = 0;
   const auto [end, error] =
       std::from_chars(number.data(), number.data() + number.size(), value, std::chars_format::fixed);
-  if (error == std::errc::result_out_of_range)
-    return number.front() == '-' ? -std::numeric_limits<double>::infinity() : std::numeric_limits<double>::infinity();
-  return value;
+  if (error != std::errc::result_out_of_range) return value;
+  // Too near to 0 for a double, or too far from it.
+  const bool isSmall = number.substr(0, number.find('.')).find_first_of("123456789") == std::string_view::npos;
+  const double magnitude = isSmall ? 0 : std::numeric_limits<double>::infinity();
+  return number.front() == '-' ? -magnitude : magnitude;
 }
 
 bool IsNumber(std::string_view text) {

@@ -5,46 +5,56 @@
 #include <cstdint>
 #include <cstdlib>
 
+#include "base/limits.h"
+
 namespace sorvex {
 namespace {
 
-constexpr std::int64_t kLongestSide = 32767;
 constexpr std::uint32_t kRle8 = 1;
 constexpr std::uint32_t kRle4 = 2;
 
 struct Header {
   std::uint32_t pixelOffset = 0;
   std::int64_t width = 0;
-  std::int64_t height = 0;  // negative: rows from the top
+  std::int64_t height = 0;
   std::uint32_t bitsPerPixel = 0;
   std::uint32_t compression = 0;
+
+  bool HasRuns() const { return compression == kRle8 || compression == kRle4; }
+  std::int64_t RowBits() const { return width * bitsPerPixel; }
+  std::int64_t Stride() const { return (RowBits() + 31) / 32 * 4; }
 };
 
 std::uint32_t Byte(std::string_view bytes, std::size_t at) { return static_cast<std::uint8_t>(bytes[at]); }
 std::uint32_t Word(std::string_view bytes, std::size_t at) { return Byte(bytes, at) | Byte(bytes, at + 1) << 8; }
 std::uint32_t DoubleWord(std::string_view bytes, std::size_t at) { return Word(bytes, at) | Word(bytes, at + 2) << 16; }
 
-// False when the bytes hold no header.
-bool ReadHeader(std::string_view bytes, Header& header) {
+// nullopt when the bytes hold no header, or one with sizes that are refused.
+std::optional<Header> ReadHeader(std::string_view bytes) {
   constexpr std::size_t fileHeader = 14;
   constexpr std::size_t coreHeader = 12;
   constexpr std::size_t shortestInfoHeader = 16;
-  if (bytes.size() < fileHeader + coreHeader || !bytes.starts_with("BM")) return false;
+  constexpr std::size_t shortestWithCompression = 20;
+  if (bytes.size() < fileHeader + coreHeader || !bytes.starts_with("BM")) return std::nullopt;
+  Header header;
   header.pixelOffset = DoubleWord(bytes, 10);
   const std::uint32_t size = DoubleWord(bytes, fileHeader);
-  if (bytes.size() < fileHeader + std::uint64_t{size}) return false;
+  if (size > kBitmapHeaders - fileHeader || bytes.size() < fileHeader + size) return std::nullopt;
   if (size == coreHeader) {
     header.width = Word(bytes, 18);
     header.height = Word(bytes, 20);
     header.bitsPerPixel = Word(bytes, 24);
-    return true;
+  } else if (size >= shortestInfoHeader) {
+    header.width = static_cast<std::int32_t>(DoubleWord(bytes, 18));
+    // A negative height means rows from the top.
+    header.height = std::abs(std::int64_t{static_cast<std::int32_t>(DoubleWord(bytes, 22))});
+    header.bitsPerPixel = Word(bytes, 28);
+    if (size >= shortestWithCompression) header.compression = DoubleWord(bytes, 30);
   }
-  if (size < shortestInfoHeader) return false;
-  header.width = static_cast<std::int32_t>(DoubleWord(bytes, 18));
-  header.height = static_cast<std::int32_t>(DoubleWord(bytes, 22));
-  header.bitsPerPixel = Word(bytes, 28);
-  if (size > shortestInfoHeader) header.compression = DoubleWord(bytes, 30);
-  return true;
+  const auto isSide = [](std::int64_t side) { return side >= 1 && side <= kLongestSide; };
+  if (!isSide(header.width) || !isSide(header.height) || header.bitsPerPixel > 32 || header.pixelOffset > kLatestPixels)
+    return std::nullopt;
+  return header;
 }
 
 // Follows run-length encoded data (BI_RLE8, BI_RLE4) to its end mark or past its last row.
@@ -53,7 +63,7 @@ bool RunsReachTheEnd(std::string_view data, const Header& header) {
   for (std::size_t at = 0; at + 1 < data.size(); at += 2) {
     if (Byte(data, at) != 0) continue;
     const std::uint32_t code = Byte(data, at + 1);
-    if (code == 0 && ++rows >= std::abs(header.height)) return true;
+    if (code == 0 && ++rows >= header.height) return true;
     if (code == 1) return true;
     if (code == 2) {
       if (at + 3 >= data.size()) return false;
@@ -69,22 +79,27 @@ bool RunsReachTheEnd(std::string_view data, const Header& header) {
 
 }  // namespace
 
+std::optional<DeclaredBitmap> ReadBitmapHeaders(std::string_view start) {
+  const std::optional<Header> header = ReadHeader(start);
+  if (!header) return std::nullopt;
+  // Of runs no pixel and no line end needs more than the four bytes of a move.
+  constexpr std::int64_t longestCode = 4;
+  const std::int64_t pixels =
+      header->HasRuns() ? longestCode * (header->width + 1) * header->height : header->Stride() * header->height;
+  return DeclaredBitmap{{static_cast<int>(header->width), static_cast<int>(header->height)},
+                        header->pixelOffset + static_cast<std::uint64_t>(pixels)};
+}
+
 std::optional<Size> DeclaredSize(std::string_view bytes) {
-  Header header;
-  if (!ReadHeader(bytes, header)) return std::nullopt;
-  const std::int64_t height = std::abs(header.height);
-  if (header.width < 1 || header.width > kLongestSide || height < 1 || height > kLongestSide ||
-      header.bitsPerPixel > 64 || header.pixelOffset >= bytes.size())
-    return std::nullopt;
-  const std::string_view data = bytes.substr(header.pixelOffset);
-  const Size size{static_cast<int>(header.width), static_cast<int>(height)};
-  if (header.compression == kRle8 || header.compression == kRle4)
-    return RunsReachTheEnd(data, header) ? std::optional(size) : std::nullopt;
-  const std::int64_t rowBits = header.width * header.bitsPerPixel;
-  const std::int64_t stride = (rowBits + 31) / 32 * 4;
+  const std::optional<Header> header = ReadHeader(bytes);
+  if (!header || header->pixelOffset >= bytes.size()) return std::nullopt;
+  const std::string_view data = bytes.substr(header->pixelOffset);
   // The last row needs no padding.
-  const std::int64_t needed = stride * (height - 1) + (rowBits + 7) / 8;
-  return static_cast<std::int64_t>(data.size()) >= needed ? std::optional(size) : std::nullopt;
+  const std::int64_t needed = header->Stride() * (header->height - 1) + (header->RowBits() + 7) / 8;
+  const bool whole =
+      header->HasRuns() ? RunsReachTheEnd(data, *header) : static_cast<std::int64_t>(data.size()) >= needed;
+  if (!whole) return std::nullopt;
+  return Size{static_cast<int>(header->width), static_cast<int>(header->height)};
 }
 
 }  // namespace sorvex

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "base/files.h"
+#include "base/limits.h"
 #include "base/text.h"
 #include "highscores/field_reader.h"
 #include "themes/bitmap_check.h"
@@ -19,8 +20,6 @@ constexpr char kItemsFile[] = "Theme.ini";
 constexpr char kTargetFile[] = "Theme2.ini";
 constexpr char kDetailsFile[] = "ThemeDetails.ini";
 constexpr int kLinesPerItem = 4;
-constexpr std::uintmax_t kLongestText = 1 << 20;
-constexpr std::uintmax_t kLargestBitmap = std::uintmax_t{1} << 29;
 
 ThemeError ErrorAt(const std::string& file, int line, const std::string& reason) {
   return ThemeError(file + ", line " + std::to_string(line) + ": " + reason);
@@ -59,7 +58,11 @@ std::string_view TakeLine(std::string_view& text) {
 }
 
 std::string ReadText(const std::string& folder, const std::string& name) {
-  const std::optional<std::string> bytes = ReadFile(FindFile(folder, name), kLongestText);
+  const std::string path = FindFile(folder, name);
+  const std::optional<std::string> bytes = ReadFile(path, kLongestText);
+  if (!bytes && ModFileExist::FileExists(path))
+    throw ThemeError(name + ": longer than the " + std::to_string(kLongestText >> 10) +
+                     " KiB that a text file of a theme may have");
   if (!bytes) throw ThemeError(name + ": cannot be read as a text file of a theme");
   return DecodeText(*bytes);
 }
@@ -71,22 +74,30 @@ class BitmapReader {
 
   Bitmap Read(const std::string& name) {
     const std::string path = FindFile(folder_, name);
-    const std::optional<std::string> bytes = ReadFile(path, kLargestBitmap);
-    if (!bytes && !ModFileExist::FileExists(path))
-      throw ThemeError(name + ": not found, or not a file that can be opened");
-    const std::optional<Size> size = bytes ? DeclaredSize(*bytes) : std::nullopt;
-    if (!size) throw ThemeError(name + ": not a bitmap that can be read");
-    pixelsLeft_ -= std::int64_t{size->width} * size->height;
-    if (pixelsLeft_ < 0) throw ThemeError(name + ": the pictures of a theme may have 32 million pixels in all");
+    const std::optional<std::string> start = ReadStart(path, kBitmapHeaders);
+    if (!start) throw ThemeError(name + ": not found, or not a file that can be opened");
+    const std::optional<DeclaredBitmap> declared = ReadBitmapHeaders(*start);
+    if (!declared) throw NotReadable(name);
+    pixelsLeft_ -= std::int64_t{declared->size.width} * declared->size.height;
+    if (pixelsLeft_ < 0)
+      throw ThemeError(name + ": the pictures of a theme may have " + std::to_string(kMostPixels / 1'000'000) +
+                       " million pixels in all");
+    // What a file holds behind its pixels costs nothing. The file may have changed since its start was read.
+    const std::optional<std::string> bytes = ReadStart(path, declared->bytes);
+    if (!bytes || DeclaredSize(*bytes) != declared->size) throw NotReadable(name);
     std::optional<Bitmap> bitmap = desktop_.DecodeBitmap(*bytes);
-    if (!bitmap) throw ThemeError(name + ": not a bitmap that can be read");
+    if (!bitmap) throw NotReadable(name);
     return *std::move(bitmap);
   }
 
  private:
+  static ThemeError NotReadable(const std::string& name) {
+    return ThemeError(name + ": not a bitmap that can be read");
+  }
+
   Desktop& desktop_;
   std::string folder_;
-  std::int64_t pixelsLeft_ = 32'000'000;
+  std::int64_t pixelsLeft_ = kMostPixels;
 };
 
 }  // namespace

@@ -34,6 +34,9 @@ TEST(Numbers, AreSignDigitsPeriodDigitsAndNothingElse) {
                                                     {"+.75", .75},       {"", 0},    {"abc", 0},   {"-", 0},
                                                     {"1.2.3", 1.2},      {". 5", 0}};
   for (const auto& [text, value] : leading) EXPECT_EQ(LeadingNumber(text), value) << text;
+  const std::string zeros(400, '0');
+  EXPECT_EQ(LeadingNumber("-0." + zeros + "1"), 0) << "too small to be told from 0";
+  EXPECT_EQ(LeadingNumber("-1" + zeros + ".5"), -std::numeric_limits<double>::infinity());
 }
 
 TEST(Numbers, AreWrittenWithAPeriodAndNoTrailingZeros) {

@@ -103,9 +103,24 @@ TEST(BitmapCheck, RefusesSizesThatTheFileCannotHold) {
       {"lowest height", with(22, "\0\0\0\x80"s)},
       {"pixels beyond the end", with(10, "\xFF\xFF\0\0"s)},
       {"a header longer than the file", with(14, "\xFF\xFF\xFF\x7F")},
+      {"a header of no known length", with(14, "\x7D\0\0\0"s)},
+      {"more bits than any pixel has", with(28, "\x40\0"s)},
+      {"pixels far into the file", with(10, "\1\0\x10\0"s) + std::string(1 << 20, 'x')},
       {"runs without an end", with(30, "\x01\0\0\0"s).substr(0, 60)},
   };
   for (const auto& c : cases) EXPECT_FALSE(DeclaredSize(c.bytes)) << c.what;
+}
+
+// A copy of exactly that length, so that a sanitizer sees a look beyond it.
+TEST(BitmapCheck, LooksAtNothingBeyondTheBytes) {
+  const std::string file = BmpBytes(Bitmap({7, 5}));
+  for (std::size_t length = 0; length < 60; ++length) {
+    for (int header = 0; header < 60; ++header) {
+      std::vector<char> bytes(file.begin(), file.begin() + static_cast<std::ptrdiff_t>(length));
+      if (length > 14) bytes[14] = static_cast<char>(header);
+      EXPECT_FALSE(DeclaredSize(std::string_view(bytes.data(), bytes.size())));
+    }
+  }
 }
 
 TEST(BitmapCheck, FollowsRunsToTheirEnd) {
@@ -142,6 +157,30 @@ TEST(BitmapCheck, ComesBeforeTheSystemsReader) {
   EXPECT_EQ(ReadTheme(desktop, theme).pictures.size(), 1U);
   std::filesystem::resize_file(theme / "pM.bmp", 100);
   EXPECT_EQ(Refusal([&] { ReadTheme(desktop, theme); }), "pM.bmp: not a bitmap that can be read");
+}
+
+TEST(AThemesFiles, AreReadWithinBounds) {
+  HeadlessDesktop desktop("", "");
+  const TempFolder folder;
+  WriteTheme(folder.Path(), CupTheme(1));
+  const std::filesystem::path theme = folder.Path() / "Theme1";
+  // What stands behind the pixels is neither read nor counted.
+  std::filesystem::resize_file(theme / "pM.bmp", std::uintmax_t{4} << 30);
+  EXPECT_EQ(Refusal([&] { ReadTheme(desktop, theme); }), "accepted");
+  const auto refusal = [&](const char* file, const std::string& bytes) {
+    const std::string before = ReadWholeFile(theme / file);
+    WriteFile(theme / file, bytes);
+    const std::string reason = Refusal([&] { ReadTheme(desktop, theme); });
+    WriteFile(theme / file, before);
+    return reason;
+  };
+  EXPECT_EQ(refusal("Theme2.ini", "1,2\r\n" + std::string(64 << 10, ' ')),
+            "Theme2.ini: longer than the 64 KiB that a text file of a theme may have");
+  // Alone just under the bound, with the theme's other pictures over it.
+  const std::string wide = BmpBytes(Bitmap({4000, 1}));
+  std::string large = wide.substr(0, 54) + std::string(3 * 4000 * 4000, '\0');
+  large.replace(22, 4, wide.substr(18, 4));
+  EXPECT_EQ(refusal("bg.bmp", large), "bg.bmp: the pictures of a theme may have 16 million pixels in all");
 }
 
 }  // namespace
