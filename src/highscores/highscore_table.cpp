@@ -2,17 +2,16 @@
 // Between the highscore panel's captions and HighScores.ini: thirty quoted fields, one a line.
 #include "highscores/highscore_table.h"
 
-#include <cstdint>
 #include <optional>
 
 #include "base/files.h"
+#include "base/limits.h"
+#include "base/runtime_error.h"
 #include "base/text.h"
 #include "highscores/field_reader.h"
 
 namespace sorvex {
 namespace {
-
-constexpr std::uintmax_t kLongestFile = 1 << 26;
 
 const HighScore& DefaultRow() {
   static const HighScore row{"Nobody", "00/00/00", "100"};
@@ -24,6 +23,27 @@ std::string PathOf(Desktop& desktop, const std::string& themeName) {
 }
 
 std::string Quoted(const std::string& field) { return '"' + field + "\"\r\n"; }
+
+void TakeRows(Desktop& desktop, frmMain& form, const std::string& bytes) {
+  const std::string text = DecodeText(bytes);
+  FieldReader fields(text);
+  for (int row = 0; row < kHighScoreRows; ++row) {
+    HighScore score;
+    score.name = fields.Next().value_or("");
+    score.date = fields.Next().value_or("");
+    score.time = fields.Next().value_or("");
+    SetHighScore(desktop, form, row, score.time.empty() ? DefaultRow() : score);
+  }
+}
+
+std::string TextOf(const frmMain& form) {
+  std::string text;
+  for (int row = 0; row < kHighScoreRows; ++row) {
+    const HighScore score = HighScoreAt(form, row);
+    text += Quoted(score.name) + Quoted(score.date) + Quoted(score.time);
+  }
+  return text;
+}
 
 }  // namespace
 
@@ -39,29 +59,25 @@ void SetHighScore(Desktop& desktop, frmMain& form, int row, const HighScore& sco
 
 void LoadHighScores(Desktop& desktop, frmMain& form, const std::string& themeName) {
   for (int row = 0; row < kHighScoreRows; ++row) SetHighScore(desktop, form, row, DefaultRow());
-  const std::optional<std::string> bytes = ReadFile(PathOf(desktop, themeName), kLongestFile);
-  if (!bytes) {
+  const std::optional<std::string> bytes = ReadFile(PathOf(desktop, themeName), kLongestText);
+  if (bytes)
+    TakeRows(desktop, form, *bytes);
+  else
     desktop.ShowMessage("Highscore file not found", "File not found", BoxIcon::Exclamation);
-    return;
-  }
-  const std::string text = DecodeText(*bytes);
-  FieldReader fields(text);
-  for (int row = 0; row < kHighScoreRows; ++row) {
-    HighScore score;
-    score.name = fields.Next().value_or("");
-    score.date = fields.Next().value_or("");
-    score.time = fields.Next().value_or("");
-    SetHighScore(desktop, form, row, score.time.empty() ? DefaultRow() : score);
-  }
 }
 
-void SaveHighScores(Desktop& desktop, const frmMain& form, const std::string& themeName) {
-  std::string text;
-  for (int row = 0; row < kHighScoreRows; ++row) {
-    const HighScore score = HighScoreAt(form, row);
-    text += Quoted(score.name) + Quoted(score.date) + Quoted(score.time);
-  }
-  desktop.WriteWholeFile(PathOf(desktop, themeName), text);
+void SaveHighScores(Desktop& desktop, frmMain& form, const std::string& themeName,
+                    const std::function<bool()>& change) {
+  const std::string path = PathOf(desktop, themeName);
+  desktop.UpdateFile(path, [&]() -> std::optional<std::string> {
+    const std::optional<std::string> bytes = ReadFile(path, kLongestText);
+    if (!bytes && PathExists(path)) throw PathAccessError();
+    if (bytes) TakeRows(desktop, form, *bytes);
+    if (!change()) return std::nullopt;
+    std::string text = TextOf(form);
+    if (text.size() > kLongestText) throw PathAccessError();
+    return text;
+  });
 }
 
 }  // namespace sorvex

@@ -2,6 +2,7 @@
 // A theme's ten best times. The table has no store but the captions of the highscore panel's labels.
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "platform/desktop.h"
@@ -25,7 +26,10 @@ void SetHighScore(Desktop& desktop, frmMain& form, int row, const HighScore& sco
 /// without a time, also one that the file ends before, is a default row.
 void LoadHighScores(Desktop& desktop, frmMain& form, const std::string& themeName);
 
-/// Writes the ten rows to the theme's file. Throws what Desktop::WriteWholeFile throws.
-void SaveHighScores(Desktop& desktop, const frmMain& form, const std::string& themeName);
+/// Takes in what another copy of the program has written to the theme's file meanwhile, lets `change` change the rows
+/// and writes them, no other copy being at it. Nothing is written when `change` returns false; rows stay as they are
+/// when the file is gone. A file that cannot be read back is not overwritten, nor is one written that could not be.
+/// Throws what Desktop::UpdateFile throws.
+void SaveHighScores(Desktop& desktop, frmMain& form, const std::string& themeName, const std::function<bool()>& change);
 
 }  // namespace sorvex

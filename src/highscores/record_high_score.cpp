@@ -22,13 +22,17 @@ int PlaceOf(const frmMain& form, const std::string& time) {
 
 void RecordHighScore(Desktop& desktop, frmMain& form, const std::string& themeName, double time) {
   const std::string timeText = NumberText(time);
-  const int place = PlaceOf(form, timeText);
-  if (place < 0) return;
+  if (PlaceOf(form, timeText) < 0) return;
   // What was pasted may hold more than can be typed.
   const std::string name = TypedLine(desktop.InputBox("What is your name?", "You got a highscore"));
-  for (int row = kHighScoreRows - 1; row > place; --row) SetHighScore(desktop, form, row, HighScoreAt(form, row - 1));
-  SetHighScore(desktop, form, place, {name, desktop.ShortDate(), timeText});
-  SaveHighScores(desktop, form, themeName);
+  SaveHighScores(desktop, form, themeName, [&] {
+    // Another copy of the program may have taken places while the name was typed.
+    const int place = PlaceOf(form, timeText);
+    if (place < 0) return false;
+    for (int row = kHighScoreRows - 1; row > place; --row) SetHighScore(desktop, form, row, HighScoreAt(form, row - 1));
+    SetHighScore(desktop, form, place, {name, desktop.ShortDate(), timeText});
+    return true;
+  });
 }
 
 }  // namespace sorvex

@@ -10,7 +10,7 @@
 namespace sorvex {
 
 /// If `time` (seconds) beats an entry of the theme's table, asks for a name, puts the entry into its place and saves
-/// the table. Throws what Desktop::WriteWholeFile throws; the entry then stays in the panel's rows.
+/// the table. Throws what Desktop::UpdateFile throws; the entry then stays in the panel's rows.
 void RecordHighScore(Desktop& desktop, frmMain& form, const std::string& themeName, double time);
 
 }  // namespace sorvex

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <span>
@@ -36,6 +37,9 @@ struct ScreenPoint {
   Long x = 0;
   Long y = 0;
 };
+
+/// The new content of a file; none: it stays as it is.
+using FileContent = std::function<std::optional<std::string>()>;
 
 /// A registry hive or an open key; 0 is no key.
 using RegistryKey = std::uint32_t;
@@ -93,9 +97,11 @@ class Desktop {
   /// The folder that holds the executable.
   virtual std::string ProgramFolder() = 0;
   virtual VersionInfo Version() = 0;
-  /// Makes `bytes` the content of the file: afterwards it holds the old content or the new one, never part of one.
-  /// A link is followed; a read-only file stays; throws 76 (no such folder), 75 (not writable), 61 (disk full), 57.
-  virtual void WriteWholeFile(const std::string& path, std::string_view bytes) = 0;
+  /// Makes what `content` returns the content of the file, nothing when it returns none: afterwards the file holds the
+  /// old content or the new one, never part of one. While `content` runs and the file is written, no other copy of the
+  /// program is inside this function for a file of that folder. A link is followed; a read-only file stays; throws 76
+  /// (no such folder), 75 (not writable), 61 (disk full), 57, and what `content` throws.
+  virtual void UpdateFile(const std::string& path, const FileContent& content) = 0;
 
   // The registry, after RegOpenKeyExA, RegCreateKeyExA, RegQueryValueExA, RegSetValueExA and RegCloseKey (winreg.h);
   // each returns that function's status (0: ERROR_SUCCESS).

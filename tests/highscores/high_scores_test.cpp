@@ -50,7 +50,7 @@ TEST(TheTable, IsReadInOrderWhateverTheLinesAndWrittenInThirty) {
     WriteFile(story.ThemeFile("HighScores.ini"), file);
     LoadHighScores(story.desktop, story.form, "Theme1");
     EXPECT_EQ(story.Rows()[9], "P9|d9|9");
-    SaveHighScores(story.desktop, story.form, "Theme1");
+    SaveHighScores(story.desktop, story.form, "Theme1", [] { return true; });
     EXPECT_EQ(ReadWholeFile(story.ThemeFile("HighScores.ini")), thirty);
   }
 }
@@ -122,6 +122,57 @@ TEST(ANewTime, TakesTheLowestRowWithAGreaterOne) {
     EXPECT_EQ(story.desktop.Prompts.size(), c.row >= 0 ? 1U : 0U) << c.what;
     LoadHighScores(story.desktop, story.form, "Theme1");
     EXPECT_EQ(story.Rows(), expected) << c.what << ": the file agrees";
+  }
+}
+
+// What another copy of the program, or its player, does while the name is typed.
+TEST(ANewTime, TakesItsPlaceInTheTableThatIsThereWhenTheNameIsKnown) {
+  Story story;
+  const std::filesystem::path file = story.ThemeFile("HighScores.ini");
+  const std::string mine = "Ann|03/14/26|20";
+  const struct {
+    const char* what;
+    std::function<void()> meanwhile;
+    Names rows;  // the first of them afterwards
+  } cases[] = {
+      {"nothing", [] {}, {"P0|01/02/03|10", mine, "P1|01/02/03|30"}},
+      {"two more",
+       [&] {
+         WriteFile(file, HighScoreFile({"5", "10", "30"}));
+       },
+       {"P0|01/02/03|5", "P1|01/02/03|10", mine}},
+      {"ten faster ones", [&] { WriteFile(file, HighScoreFile(Names(10, "7"))); }, Names(10, "")},
+      {"the file is removed", [&] { std::filesystem::remove(file); }, {"P0|01/02/03|10", mine, "P1|01/02/03|30"}},
+  };
+  for (const auto& c : cases) {
+    WriteFile(file, HighScoreFile({"10", "30"}));
+    LoadHighScores(story.desktop, story.form, "Theme1");
+    story.desktop.TypeName = [&] { return c.meanwhile(), "Ann"; };
+    RecordHighScore(story.desktop, story.form, "Theme1", 20);
+    Names rows = story.Rows();
+    for (std::size_t row = 0; row < c.rows.size(); ++row)
+      EXPECT_EQ(rows[row], c.rows[row].empty() ? "P" + std::to_string(row) + "|01/02/03|7" : c.rows[row]) << c.what;
+    LoadHighScores(story.desktop, story.form, "Theme1");
+    EXPECT_EQ(story.Rows(), rows) << c.what;
+  }
+  EXPECT_TRUE(story.desktop.Boxes.empty());
+}
+
+TEST(ANewTime, NeverOverwritesATableThatCannotBeReadNorMakesOne) {
+  Story story;
+  const std::filesystem::path file = story.ThemeFile("HighScores.ini");
+  const std::string tooLong = std::string(64 << 10, 'x') + HighScoreFile({"10"});
+  for (const auto& [table, name] :
+       {std::pair{tooLong, std::string("Ann")}, {HighScoreFile({"10"}), std::string(64 << 10, 'x')}}) {
+    WriteFile(file, table);
+    story.desktop.TypeName = [&] { return name; };
+    try {
+      RecordHighScore(story.desktop, story.form, "Theme1", 5);
+      ADD_FAILURE() << "saved";
+    } catch (const RuntimeError& error) {
+      EXPECT_EQ(error.Number(), 75);
+    }
+    EXPECT_EQ(ReadWholeFile(file), table);
   }
 }
 

@@ -9,10 +9,15 @@
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 
+#include <algorithm>
+#include <chrono>
 #include <csignal>
+#include <cstdlib>
 #include <functional>
+#include <vector>
 
 #include "base/runtime_error.h"
 #include "support/temp_folder.h"
@@ -74,6 +79,65 @@ TEST(WritingAFile, FollowsLinksAndKeepsThemWithPermissionsAndOwner) {
   EXPECT_EQ(saved.st_uid, owner) << "a table saved by root is still its player's";
   EXPECT_EQ(ReadWholeFile(root / "being read"), "old") << "a reader of the old file still sees all of it";
   EXPECT_EQ(FilesIn(root / "real"), 2);
+}
+
+TEST(WritingAFile, KeepsTheAccessListAndClearsWhatKilledSavesLeft) {
+  const TempFolder folder;
+  const fs::path& root = folder.Path();
+  const fs::path path = root / "HighScores.ini";
+  WriteFile(path, "old");
+  // Version 2; user::rw-, user:nobody:rw-, group::r--, mask::rw-, other::---
+  constexpr char kList[] =
+      "\2\0\0\0"
+      "\1\0\6\0\xFF\xFF\xFF\xFF"
+      "\2\0\6\0\xFE\xFF\0\0"
+      "\4\0\4\0\xFF\xFF\xFF\xFF"
+      "\x10\0\6\0\xFF\xFF\xFF\xFF"
+      "\x20\0\0\0\xFF\xFF\xFF\xFF";
+  const std::string_view list(kList, sizeof kList - 1);
+  constexpr char kAttribute[] = "system.posix_acl_access";
+  const bool hasLists = ::setxattr(path.c_str(), kAttribute, list.data(), list.size(), 0) == 0;
+  const std::pair<const char*, bool> files[] = {
+      {".sorvex-1-2", false}, {".sorvex-3-4 mine", true}, {".sorvex-5-6", true}, {".sorvex-notes", true}};
+  for (const auto& [name, stays] : files) {
+    WriteFile(root / name, "");
+    if (name != std::string_view(".sorvex-5-6"))
+      fs::last_write_time(root / name, fs::file_time_type::clock::now() - std::chrono::seconds(61));
+  }
+  EXPECT_EQ(ErrorOfWriting(path, "new"), 0);
+  for (const auto& [name, stays] : files) EXPECT_EQ(fs::exists(root / name), stays) << name;
+  std::string kept(100, '\0');
+  const ssize_t size = ::getxattr(path.c_str(), kAttribute, kept.data(), kept.size());
+  EXPECT_EQ(kept.substr(0, static_cast<std::size_t>(std::max<ssize_t>(size, 0))), hasLists ? list : "");
+}
+
+TEST(WritingAFile, NeedsNoMountThatTakesAMode) {
+  const TempFolder folder;
+  WriteFile(folder.Path() / "real/HighScores.ini", "old");
+  const fs::path mount = folder.Path() / "mount";
+  fs::create_directory(mount);
+  const std::string run = "bindfs --chmod-deny " + (folder.Path() / "real").string() + " " + mount.string();
+  if (std::system((run + " 2>/dev/null").c_str()) != 0) GTEST_SKIP() << "no user file systems here";
+  EXPECT_NE(::chmod((mount / "HighScores.ini").c_str(), 0600), 0);
+  EXPECT_EQ(ErrorOfWriting(mount / "HighScores.ini", "new"), 0);
+  EXPECT_EQ(ReadWholeFile(mount / "HighScores.ini"), "new");
+  EXPECT_EQ(std::system(("fusermount -u " + mount.string()).c_str()), 0);
+}
+
+TEST(UpdatingAFile, LosesNothingOfOthersThatUpdateItAtOnce) {
+  const TempFolder folder;
+  const std::string path = (folder.Path() / "table").string();
+  WriteFile(path, "");
+  const auto addFifty = [&] {
+    for (int i = 0; i < 50; ++i) UpdateFile(path, [&] { return ReadWholeFile(path) + "."; });
+    return 0;
+  };
+  std::vector<pid_t> programs(4);
+  for (pid_t& program : programs)
+    if ((program = ::fork()) == 0) ::_exit(addFifty());
+  for (const pid_t program : programs) ::waitpid(program, nullptr, 0);
+  EXPECT_EQ(ReadWholeFile(path).size(), 200U);
+  EXPECT_EQ(FilesIn(folder.Path()), 1);
 }
 
 TEST(WritingAFile, RefusesWhatIsNotAWritableFile) {

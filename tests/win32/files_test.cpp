@@ -1,12 +1,17 @@
 // SPDX-License-Identifier: MIT
 // A theme's highscore file on this system's disk: its letters, its folder's name, and what stands in the way of
 // writing.
+#include "base/files.h"
+
 #include <windows.h>
 #include <gtest/gtest.h>
+
+#include <array>
 
 #include "base/runtime_error.h"
 #include "highscores/highscore_table.h"
 #include "highscores/panel.h"
+#include "platform/win32/write_whole_file.h"
 #include "support/temp_folder.h"
 #include "win32/the_desktop.h"
 
@@ -44,13 +49,40 @@ TEST(ATableWrittenElsewhere, IsReadAndWrittenBackWithEveryLetter) {
       EXPECT_EQ(HighScoreAt(form, 0).name, first) << when;
       EXPECT_EQ(HighScoreAt(form, 1).name, second) << when;
       EXPECT_EQ(HighScoreAt(form, 2).name, "Nobody") << when;
-      SaveHighScores(TheDesktop(), form, theme);
+      SaveHighScores(TheDesktop(), form, theme, [] { return true; });
     }
     EXPECT_TRUE(ReadWholeFile(file).starts_with("\"" + first + "\"\r\n")) << "in UTF-8 whatever it was";
   }
   fs::rename(file, folder.Path() / kFolder / "HIGHSCORES.INI");
-  SaveHighScores(TheDesktop(), form, theme);
+  SaveHighScores(TheDesktop(), form, theme, [] { return true; });
   EXPECT_EQ(std::distance(fs::directory_iterator(folder.Path() / kFolder), {}), 1) << "nothing is left beside it";
+}
+
+TEST(UpdatingAFile, LosesNothingOfOthersThatUpdateItAtOnce) {
+  const TempFolder folder;
+  static std::string path;
+  path = Text(folder.Path() / "table");
+  WriteFile(path, "");
+  const auto addTwenty = [](void*) -> DWORD {
+    for (int i = 0; i < 20; ++i) UpdateFile(path, [] { return ReadWholeFile(path) + "."; });
+    return 0;
+  };
+  std::array<HANDLE, 3> others{};
+  for (HANDLE& other : others) other = ::CreateThread(nullptr, 0, addTwenty, nullptr, 0, nullptr);
+  ::WaitForMultipleObjects(static_cast<DWORD>(others.size()), others.data(), TRUE, INFINITE);
+  for (const HANDLE other : others) ::CloseHandle(other);
+  EXPECT_EQ(ReadWholeFile(path).size(), 60U);
+  EXPECT_EQ(std::distance(fs::directory_iterator(folder.Path()), {}), 1);
+}
+
+// Names on this system's disks may be no text at all.
+TEST(AFolderWhoseNameIsNoText, IsLeftOutOfTheList) {
+  const TempFolder folder;
+  fs::create_directory(folder.Path() / "Theme1");
+  const std::wstring broken = folder.Path().wstring() + L"\\broken \xD800";
+  if (::CreateDirectoryW(broken.c_str(), nullptr) == 0) GTEST_SKIP() << "this disk has no such names";
+  EXPECT_EQ(FoldersIn(Text(folder.Path())), std::vector<std::string>{"Theme1"});
+  EXPECT_EQ(fs::path(FindFile(Text(folder.Path()), "THEME2")).filename(), "THEME2");
 }
 
 TEST(WritingAFile, RefusesWhatIsNotAWritableFileAndLeavesItAlone) {
@@ -74,7 +106,7 @@ TEST(WritingAFile, RefusesWhatIsNotAWritableFileAndLeavesItAlone) {
   for (const auto& c : cases) {
     int error = 0;
     try {
-      TheDesktop().WriteWholeFile(Text(root / c.path), "new");
+      TheDesktop().UpdateFile(Text(root / c.path), [] { return "new"; });
     } catch (const RuntimeError& thrown) {
       error = thrown.Number();
     }

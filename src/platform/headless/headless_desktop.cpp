@@ -112,9 +112,12 @@ VersionInfo HeadlessDesktop::Version() {
   return {"Sorvex", 1, 0, 0, "A game to test how accurate you are with the mouse", "Headless build"};
 }
 
-void HeadlessDesktop::WriteWholeFile(const std::string& path, std::string_view bytes) {
-  if (WriteFailure) throw *WriteFailure;
-  sorvex::WriteWholeFile(path, bytes);
+void HeadlessDesktop::UpdateFile(const std::string& path, const FileContent& content) {
+  sorvex::UpdateFile(path, [&] {
+    std::optional<std::string> bytes = content();
+    if (WriteFailure) throw *WriteFailure;
+    return bytes;
+  });
 }
 
 Long HeadlessDesktop::RegistryOpen(RegistryKey hive, const std::string& name, std::uint32_t access, RegistryKey& key) {

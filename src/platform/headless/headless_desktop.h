@@ -36,7 +36,7 @@ class HeadlessDesktop : public Desktop {
   std::string Today = "03/14/26";
   ScreenPoint Pointer;
   bool KeepFrames = false;                   ///< collect Frames
-  std::optional<RuntimeError> WriteFailure;  ///< what WriteWholeFile throws instead of writing
+  std::optional<RuntimeError> WriteFailure;  ///< what UpdateFile throws instead of writing
 
   struct Box {
     std::string text;
@@ -88,7 +88,7 @@ class HeadlessDesktop : public Desktop {
   std::string ShortDate() override { return Today; }
   std::string ProgramFolder() override { return programFolder_; }
   VersionInfo Version() override;
-  void WriteWholeFile(const std::string& path, std::string_view bytes) override;
+  void UpdateFile(const std::string& path, const FileContent& content) override;
 
   Long RegistryOpen(RegistryKey hive, const std::string& name, std::uint32_t access, RegistryKey& key) override;
   Long RegistryCreate(RegistryKey hive, const std::string& name, std::uint32_t access, RegistryKey& key) override;

@@ -3,17 +3,22 @@
 #include "platform/posix/write_whole_file.h"
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 
+#include <array>
 #include <cerrno>
+#include <chrono>
 #include <cstddef>
 #include <cstdio>
 #include <filesystem>
 #include <optional>
-#include <random>
+#include <thread>
 #include <tuple>
 
+#include "base/files.h"
 #include "base/runtime_error.h"
 
 namespace sorvex {
@@ -83,14 +88,13 @@ class File {
   int descriptor_;
 };
 
-// A new file under a name that nobody can foresee, in no theme's list; gone again unless it was renamed.
+// A new file; gone again unless it was renamed.
 class TemporaryFile {
  public:
   /// nullopt and errno when nothing can be created in `folder`.
   static std::optional<TemporaryFile> Create(const fs::path& folder, mode_t mode) {
-    std::random_device random;
     for (;;) {
-      fs::path path = folder / (".sorvex-" + std::to_string(random()) + "-" + std::to_string(random()));
+      fs::path path = folder / TemporaryName();
       File file(path, O_WRONLY | O_CREAT | O_EXCL, mode);
       if (file.IsOpen()) return TemporaryFile(std::move(path), std::move(file));
       if (errno != EEXIST) return std::nullopt;
@@ -120,6 +124,26 @@ class TemporaryFile {
   File file_;
 };
 
+fs::path FolderOf(const fs::path& path) { return path.has_parent_path() ? path.parent_path() : fs::path("."); }
+
+// Keeps other copies of the program out while it lives (flock(2) on the folder, which leaves no file behind). Where
+// that is not to be had, because the file system has no locks or because somebody stands still with it, it is done
+// without: a time that is saved twice at once may then be lost, but no player waits.
+class FolderLock {
+ public:
+  explicit FolderLock(const fs::path& folder) : folder_(folder, O_RDONLY | O_DIRECTORY) {
+    using namespace std::chrono_literals;
+    constexpr auto kPatience = 2s;
+    const auto start = std::chrono::steady_clock::now();
+    while (folder_.IsOpen() && ::flock(folder_.Descriptor(), LOCK_EX | LOCK_NB) != 0 &&
+           (errno == EWOULDBLOCK || errno == EINTR) && std::chrono::steady_clock::now() - start < kPatience)
+      std::this_thread::sleep_for(5ms);
+  }
+
+ private:
+  File folder_;  // the lock goes when it is closed
+};
+
 // rename() would replace a link itself, so the last part of the path is followed here.
 fs::path FollowLinks(fs::path path) {
   for (int links = 0; links <= kMostLinks; ++links) {
@@ -138,11 +162,21 @@ std::optional<struct stat> Status(const fs::path& path) {
   throw ErrorOf(errno);
 }
 
-void TakeOwnerAndMode(const File& file, const struct stat& old) {
-  // Only root gives files away, others only to a group of their own: what the system refuses is let go.
+// The access list of `from`, as the system keeps it (acl(5)).
+void CopyAccessList(const fs::path& from, const File& to) {
+  constexpr char kAttribute[] = "system.posix_acl_access";
+  std::array<char, 1 << 16> list;
+  const ssize_t size = ::getxattr(from.c_str(), kAttribute, list.data(), list.size());
+  if (size > 0) std::ignore = ::fsetxattr(to.Descriptor(), kAttribute, list.data(), static_cast<std::size_t>(size), 0);
+}
+
+// What the system refuses is let go: only root gives files away, others only to a group of their own, and shared mounts
+// of file systems without permissions take no mode.
+void TakeOwnerAndMode(const File& file, const fs::path& path, const struct stat& old) {
   if (::fchown(file.Descriptor(), old.st_uid, old.st_gid) != 0)
     std::ignore = ::fchown(file.Descriptor(), static_cast<uid_t>(-1), old.st_gid);
-  Check(::fchmod(file.Descriptor(), old.st_mode & kPermissionBits));
+  std::ignore = ::fchmod(file.Descriptor(), old.st_mode & kPermissionBits);
+  CopyAccessList(path, file);
 }
 
 void FlushFolder(const fs::path& folder) {
@@ -155,16 +189,17 @@ bool MeansOverwrite(int error) { return error == EACCES || error == EPERM || err
 
 // False when `old` has to be overwritten where it stands.
 bool ReplaceFile(const fs::path& target, const std::optional<struct stat>& old, std::string_view bytes) {
-  const fs::path folder = target.has_parent_path() ? target.parent_path() : fs::path(".");
+  const fs::path folder = FolderOf(target);
   // Until it has its old permissions, what was private stays so; a new file gets what the user's umask leaves.
   const mode_t mode = old ? S_IRUSR | S_IWUSR : S_IRUSR | S_IRGRP | S_IROTH | kAnyWriteBit;
   std::optional<TemporaryFile> fresh = TemporaryFile::Create(folder, mode);
   if (fresh) {
     fresh->Content().WriteFromStart(bytes);
-    if (old) TakeOwnerAndMode(fresh->Content(), *old);
+    if (old) TakeOwnerAndMode(fresh->Content(), target, *old);
     fresh->Content().Flush();
     if (fresh->Rename(target)) {
       FlushFolder(folder);
+      RemoveLeftTemporaries(folder.string());
       return true;
     }
   }
@@ -189,20 +224,29 @@ void OverwriteFile(const fs::path& target, off_t oldSize, std::string_view bytes
   file.Flush();
 }
 
-}  // namespace
-
-bool IsWritableFile(const std::string& path) {
+bool IsWritable(const fs::path& path) {
   struct stat status {};
   return ::stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode) && (status.st_mode & kAnyWriteBit) != 0 &&
          ::access(path.c_str(), W_OK) == 0;
 }
 
-void WriteWholeFile(const std::string& path, std::string_view bytes) {
-  const fs::path target = FollowLinks(path);
+void WriteTarget(const fs::path& target, std::string_view bytes) {
   if (target.filename().empty()) throw PathAccessError();
   const std::optional<struct stat> old = Status(target);
-  if (old && !IsWritableFile(target)) throw PathAccessError();
+  if (old && !IsWritable(target)) throw PathAccessError();
   if (!ReplaceFile(target, old, bytes)) OverwriteFile(target, old->st_size, bytes);
+}
+
+}  // namespace
+
+bool IsWritableFile(const std::string& path) { return IsWritable(path); }
+
+void WriteWholeFile(const std::string& path, std::string_view bytes) { WriteTarget(FollowLinks(path), bytes); }
+
+void UpdateFile(const std::string& path, const FileContent& content) {
+  const fs::path target = FollowLinks(path);
+  const FolderLock lock(FolderOf(target));
+  if (const std::optional<std::string> bytes = content()) WriteTarget(target, *bytes);
 }
 
 }  // namespace sorvex

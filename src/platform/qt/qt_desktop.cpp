@@ -257,7 +257,7 @@ VersionInfo QtDesktop::Version() {
           version::kRevision, version::kComments, version::kLegalCopyright};
 }
 
-void QtDesktop::WriteWholeFile(const std::string& path, std::string_view bytes) { sorvex::WriteWholeFile(path, bytes); }
+void QtDesktop::UpdateFile(const std::string& path, const FileContent& content) { sorvex::UpdateFile(path, content); }
 
 Long QtDesktop::RegistryOpen(RegistryKey hive, const std::string& name, std::uint32_t access, RegistryKey& key) {
   return registry_.Open(hive, name, access, key);

@@ -155,8 +155,8 @@ std::string Win32Desktop::ProgramFolder() { return sorvex::ProgramFolder(); }
 
 VersionInfo Win32Desktop::Version() { return ReadVersionResource(); }
 
-void Win32Desktop::WriteWholeFile(const std::string& path, std::string_view bytes) {
-  sorvex::WriteWholeFile(path, bytes);
+void Win32Desktop::UpdateFile(const std::string& path, const FileContent& content) {
+  sorvex::UpdateFile(path, content);
 }
 
 Long Win32Desktop::RegistryOpen(RegistryKey hive, const std::string& name, std::uint32_t access, RegistryKey& key) {

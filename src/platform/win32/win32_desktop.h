@@ -38,7 +38,7 @@ class Win32Desktop final : public Desktop {
   std::string ShortDate() override;
   std::string ProgramFolder() override;
   VersionInfo Version() override;
-  void WriteWholeFile(const std::string& path, std::string_view bytes) override;
+  void UpdateFile(const std::string& path, const FileContent& content) override;
 
   Long RegistryOpen(RegistryKey hive, const std::string& name, std::uint32_t access, RegistryKey& key) override;
   Long RegistryCreate(RegistryKey hive, const std::string& name, std::uint32_t access, RegistryKey& key) override;

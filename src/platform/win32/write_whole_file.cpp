@@ -8,10 +8,10 @@
 #include <cstdint>
 #include <filesystem>
 #include <optional>
-#include <random>
 #include <string>
 #include <utility>
 
+#include "base/files.h"
 #include "base/runtime_error.h"
 #include "platform/win32/text.h"
 
@@ -47,8 +47,9 @@ void Check(bool succeeded) {
 
 class File {
  public:
-  File(const fs::path& path, DWORD access, DWORD disposition, DWORD flags = FILE_ATTRIBUTE_NORMAL)
-      : handle_(::CreateFileW(path.c_str(), access, FILE_SHARE_READ, nullptr, disposition, flags, nullptr)) {}
+  File(const fs::path& path, DWORD access, DWORD disposition, DWORD flags = FILE_ATTRIBUTE_NORMAL,
+       DWORD share = FILE_SHARE_READ)
+      : handle_(::CreateFileW(path.c_str(), access, share, nullptr, disposition, flags, nullptr)) {}
   File(File&& other) noexcept : handle_(std::exchange(other.handle_, INVALID_HANDLE_VALUE)) {}
   File& operator=(File&&) = delete;
   ~File() { Close(); }
@@ -95,14 +96,13 @@ class File {
   HANDLE handle_;
 };
 
-// A new file under a name that nobody can foresee, in no theme's list; gone again unless it was moved.
+// A new file; gone again unless it was moved.
 class TemporaryFile {
  public:
   /// nullopt and the system's last error when nothing can be created in `folder`.
   static std::optional<TemporaryFile> Create(const fs::path& folder) {
-    std::random_device random;
     for (;;) {
-      fs::path path = folder / (".sorvex-" + std::to_string(random()) + "-" + std::to_string(random()));
+      fs::path path = folder / TemporaryName();
       File file(path, GENERIC_WRITE, CREATE_NEW);
       if (file.IsOpen()) return TemporaryFile(std::move(path), std::move(file));
       if (::GetLastError() != ERROR_FILE_EXISTS) return std::nullopt;
@@ -139,6 +139,35 @@ class TemporaryFile {
   File file_;
 };
 
+// Keeps other copies of the program out while it lives: a file that only one of them can have open, which goes with it.
+// Where it cannot be created, or somebody stands still with it, it is done without: a time that is saved twice at once
+// may then be lost, but no player waits.
+class FolderLock {
+ public:
+  explicit FolderLock(const fs::path& folder) {
+    constexpr DWORD kStep = 5;  // milliseconds
+    constexpr DWORD kPatience = 2000;
+    for (DWORD waited = 0; !TryToLock(folder) && waited < kPatience; waited += kStep) {
+      // One that is being removed cannot be created again yet.
+      const DWORD error = ::GetLastError();
+      const bool isThere = ::GetFileAttributesW((folder / kName).c_str()) != INVALID_FILE_ATTRIBUTES;
+      if (error != ERROR_SHARING_VIOLATION && (error != ERROR_ACCESS_DENIED || !isThere)) return;
+      ::Sleep(kStep);
+    }
+  }
+
+ private:
+  static constexpr char kName[] = ".sorvex-lock";
+
+  bool TryToLock(const fs::path& folder) {
+    constexpr DWORD kFlags = FILE_ATTRIBUTE_HIDDEN | FILE_FLAG_DELETE_ON_CLOSE;
+    file_.emplace(folder / kName, GENERIC_WRITE | DELETE, OPEN_ALWAYS, kFlags, 0);
+    return file_->IsOpen();
+  }
+
+  std::optional<File> file_;
+};
+
 // A move would replace a link itself, so it is followed here. Only links are looked at: not every drive has full paths.
 fs::path FollowLink(const fs::path& path) {
   const DWORD attributes = ::GetFileAttributesW(path.c_str());
@@ -171,7 +200,10 @@ bool TryReplace(const fs::path& target, bool exists, std::string_view bytes) {
   if (fresh) {
     fresh->Content().Write(bytes);
     fresh->Content().Flush();
-    if (fresh->MoveTo(target)) return true;
+    if (fresh->MoveTo(target)) {
+      RemoveLeftTemporaries(FromWide(target.parent_path().wstring()));
+      return true;
+    }
   }
   const DWORD error = ::GetLastError();
   if (exists && (error == ERROR_ACCESS_DENIED || error == ERROR_SHARING_VIOLATION)) return false;
@@ -195,11 +227,14 @@ void OverwriteFile(const fs::path& target, std::string_view bytes) {
 
 }  // namespace
 
-void WriteWholeFile(const std::string& path, std::string_view bytes) {
+void UpdateFile(const std::string& path, const FileContent& content) {
   const fs::path target = FollowLink(ToWide(path));
   if (target.filename().empty()) throw PathAccessError();
+  const FolderLock lock(target.parent_path());
+  const std::optional<std::string> bytes = content();
+  if (!bytes) return;
   const bool exists = ExistsWritable(target);
-  if (!TryReplace(target, exists, bytes)) OverwriteFile(target, bytes);
+  if (!TryReplace(target, exists, *bytes)) OverwriteFile(target, *bytes);
 }
 
 }  // namespace sorvex
