@@ -63,10 +63,11 @@ class APointer : public testing::Test {
     return std::exchange(events_, {});
   }
 
+  HWND window_ = nullptr;
+
  private:
   Desktop& desktop_ = TheDesktop();
   frmMain form_;
-  HWND window_ = nullptr;
   Events events_;
 };
 
@@ -80,6 +81,28 @@ TEST_F(APointer, IsSeenAtEveryPlaceThatItPassed) {
     Send(90, 100, MOUSEEVENTF_LEFTUP);
     EXPECT_EQ(Delivered(), (Events{"move 50,60", "down 50,60", "move 70,80", "move 70,20", "move -5,-7", "move 400,300",
                                    "move 90,100", "up"}));
+  });
+}
+
+TEST_F(APointer, IsNotSeenWhereItWasOverAnotherWindow) {
+  Play([this] {
+    Send(30, 40);
+    Delivered();
+    POINT corner{100, 20};
+    ::ClientToScreen(window_, &corner);
+    // One that is still there when the pointer is back, and one that is not.
+    for (const bool stays : {true, false}) {
+      const HWND other = ::CreateWindowExW(WS_EX_TOPMOST, L"STATIC", L"", WS_POPUP | WS_VISIBLE, corner.x, corner.y,
+                                           100, 100, nullptr, nullptr, nullptr, nullptr);
+      for (const int x : {120, 130, 140}) Send(x, 50);
+      if (stays) Send(60, 60);
+      EXPECT_EQ(Delivered(), stays ? Events{"move 60,60"} : Events{});
+      ::Sleep(300);  // the system looks only now and then whether the pointer left
+      Delivered();
+      ::DestroyWindow(other);
+      Send(61, 60);
+      EXPECT_EQ(Delivered(), Events{"move 61,60"});
+    }
   });
 }
 

@@ -45,9 +45,10 @@ bool IsAfter(const MOUSEMOVEPOINT& point, const MOUSEMOVEPOINT& last) {
 }
 
 // The system joins movements that wait for delivery; the ones between are in its history (GetMouseMovePointsEx).
-// Calls `deliver` with each place of `window` that the pointer passed after the event `last` and before `now`.
+// Calls `deliver` with each place on the screen that the pointer passed after the event `last` and before `now`.
 template <class Deliver>
-void ForEachJoinedMove(HWND window, const MOUSEMOVEPOINT& last, MOUSEMOVEPOINT now, const Deliver& deliver) {
+void ForEachJoinedMove(const MOUSEMOVEPOINT& last, MOUSEMOVEPOINT now, const Deliver& deliver) {
+  if (last.time == 0) return;
   constexpr int kMost = 64;
   std::array<MOUSEMOVEPOINT, kMost> points{};
   const int count = ::GetMouseMovePointsEx(sizeof now, &now, points.data(), kMost, GMMP_USE_DISPLAY_POINTS);
@@ -57,9 +58,7 @@ void ForEachJoinedMove(HWND window, const MOUSEMOVEPOINT& last, MOUSEMOVEPOINT n
   for (; oldest > 0; --oldest) {
     const MOUSEMOVEPOINT& point = points[static_cast<std::size_t>(oldest)];
     // On screens left of and above the first one, places are negative 16-bit numbers.
-    POINT place{static_cast<SHORT>(point.x), static_cast<SHORT>(point.y)};
-    ::ScreenToClient(window, &place);
-    deliver(place);
+    deliver(POINT{static_cast<SHORT>(point.x), static_cast<SHORT>(point.y)});
   }
 }
 
@@ -67,6 +66,7 @@ void ForEachJoinedMove(HWND window, const MOUSEMOVEPOINT& last, MOUSEMOVEPOINT n
 
 void PointerArea::LosePointer() {
   if (::GetCapture() == Handle() || ::IsChild(Handle(), ::GetCapture()) != 0) ::ReleaseCapture();
+  context_.lastEvent = {};
   context_.handlers.Run([this] { context_.pointer.Lose(); });
 }
 
@@ -89,6 +89,7 @@ LRESULT PointerArea::Receive(UINT message, WPARAM first, LPARAM second) {
     case WM_RBUTTONUP: Release(kRightButton, first, place); return 0;
     case WM_MBUTTONUP: Release(kMiddleButton, first, place); return 0;
     case WM_MOUSEMOVE: Move(first, place); return 0;
+    case WM_MOUSELEAVE: Left(); return 0;
     case WM_CAPTURECHANGED: LosePointerSoon(); return 0;
     case kPointerLost: LosePointer(); return 0;
     case WM_SETCURSOR:
@@ -118,14 +119,24 @@ void PointerArea::Press(Integer button, WPARAM keys, POINT place) {
 void PointerArea::Move(WPARAM keys, POINT place) {
   const MOUSEMOVEPOINT now = DeliveredEvent();
   const MOUSEMOVEPOINT last = std::exchange(context_.lastEvent, now);
+  TRACKMOUSEEVENT leaving{sizeof leaving, TME_LEAVE, Handle(), 0};
+  ::TrackMouseEvent(&leaving);
   const Integer shift = ShiftOf(keys);
-  RECT inside{};
-  ::GetClientRect(Handle(), &inside);
   const bool captured = ::GetCapture() == Handle();
-  ForEachJoinedMove(Handle(), last, now, [&](POINT passed) {
-    if (captured || ::PtInRect(&inside, passed) != 0) MoveTo(passed, shift);
+  ForEachJoinedMove(last, now, [&](POINT passed) {
+    // Over another window the pointer did nothing here.
+    if (!captured && ::WindowFromPoint(passed) != Handle()) return;
+    ::ScreenToClient(Handle(), &passed);
+    MoveTo(passed, shift);
   });
   MoveTo(place, shift);
+}
+
+// What the pointer does over windows of others is not asked for when it is back.
+void PointerArea::Left() {
+  POINT pointer{};
+  ::GetCursorPos(&pointer);
+  if (::GetAncestor(::WindowFromPoint(pointer), GA_ROOT) != ::GetAncestor(Handle(), GA_ROOT)) context_.lastEvent = {};
 }
 
 void PointerArea::MoveTo(POINT place, Integer shift) {

@@ -16,7 +16,8 @@ struct FormContext {
   Desktop& desktop;
   Handlers& handlers;
   PointerInput pointer{form};
-  MOUSEMOVEPOINT lastEvent{};  ///< the last pointer event, as DeliveredEvent() had it
+  /// The last pointer event; its time is 0 when the pointer was elsewhere since.
+  MOUSEMOVEPOINT lastEvent{};
 };
 
 class PointerArea : public NativeWindow {
@@ -39,6 +40,7 @@ class PointerArea : public NativeWindow {
   void Press(Integer button, WPARAM keys, POINT place);
   void Move(WPARAM keys, POINT place);
   void Release(Integer button, WPARAM keys, POINT place);
+  void Left();
   void MoveTo(POINT place, Integer shift);
   bool ShowShape();
   void Paint();
