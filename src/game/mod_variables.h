@@ -38,6 +38,13 @@ struct ItemTable {
   bool operator==(const ItemTable&) const = default;
 };
 
+/// True when no item of the table is in play: the game is over.
+inline bool EveryItemIsPutIn(const ItemTable& items) {
+  for (Long i = 0; i <= items.LastItem; ++i)
+    if (items.ItemInPlay(i)) return false;
+  return true;
+}
+
 struct modVariables : ItemTable {
   Slots<Integer, 5> PlainX, PlainY;  ///< the target; only element 0 is used
   Integer CurItem = 0;               ///< picked up, dragged, tested, sent back
@@ -46,6 +53,7 @@ struct modVariables : ItemTable {
   std::string ThemeName;             ///< the current theme's folder, beside the executable
 
   unsigned ThemeLoads = 0;  ///< how many themes have been put onto the window
+  ItemTable LoadedItems;    ///< the item table as the last of them had it
 
   /// Where the Start command stands. A Start that comes while it plays ends that game and asks for a new one; one that
   /// comes while it prepares is the game being prepared.

@@ -48,12 +48,6 @@ void TestPlacement(Game& game) {
   state.ContInPlay(state.CurCont) = false;
 }
 
-bool EveryItemIsPutIn(const modVariables& state) {
-  for (Long i = 0; i <= state.LastItem; ++i)
-    if (state.ItemInPlay(i)) return false;
-  return true;
-}
-
 void ReportGameOver(Game& game, double elapsed) {
   game.desktop.ShowMessage("Game Over\r\nYou took: " + NumberText(elapsed) + " seconds", game.desktop.Version().Title,
                            BoxIcon::None);
@@ -113,11 +107,17 @@ void RenderLoop(Game& game) {
     while (RunFrame(game, start) && !game.form.StopRendering) {
     }
   } catch (const RuntimeError& error) {
+    // The box takes the pointer away, which is a release: the item that was dragged stays where the error found it.
+    EndDrag(game.form);
     game.desktop.ShowMessage("Error: " + std::to_string(error.Number()) + "\r\n" + error.Description() +
                                  "\r\nProblem in main rendering loop",
                              "uhh oh!!", BoxIcon::Critical);
     game.form.StopRendering = true;
   }
+}
+
+bool GameRuns(const Game& game) {
+  return game.state.StartCommand == modVariables::Start::Playing && !game.form.StopRendering;
 }
 
 bool DrawAndTestFrame(Game& game) {

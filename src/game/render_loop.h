@@ -10,6 +10,9 @@ namespace sorvex {
 /// shows the time, until every item is put in, StopRendering or GameEnded is set, or an error has been shown.
 void RenderLoop(Game& game);
 
+/// True while RenderLoop runs and nothing has told it to end.
+bool GameRuns(const Game& game);
+
 /// What every frame does before it delivers events: composes and presents, then tests the current item against its
 /// container and against the target and acts on what it finds. False when that would have repeated the last frame in
 /// every respect, and was left out.

@@ -19,6 +19,17 @@ void Handlers::Serve(const std::function<void()>& deliver, const std::function<v
   if (call.error) std::rethrow_exception(call.error);
 }
 
+std::exception_ptr Handlers::Attempt(const std::function<void()>& deliver) {
+  try {
+    Serve(deliver);
+    return nullptr;
+  } catch (const ProgramEnded&) {
+    throw;
+  } catch (...) {
+    return std::current_exception();
+  }
+}
+
 void Handlers::Run(const std::function<void()>& handler) {
   if (!handler || !MayRun()) return;
   try {

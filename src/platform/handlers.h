@@ -18,6 +18,9 @@ class Handlers {
   /// first failing handler threw meanwhile, ProgramEnded before all else.
   void Serve(const std::function<void()>& deliver, const std::function<void()>& leave = nullptr);
 
+  /// The same, but what a handler throws comes back instead; null: nothing. ProgramEnded is thrown.
+  std::exception_ptr Attempt(const std::function<void()>& deliver);
+
   /// Runs a handler. Does nothing outside Serve, and nothing once the program has ended.
   void Run(const std::function<void()>& handler);
 

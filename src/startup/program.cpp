@@ -5,6 +5,7 @@
 #include <string>
 
 #include "game/pointer_handlers.h"
+#include "game/render_loop.h"
 #include "game/return_item.h"
 #include "highscores/panel.h"
 #include "startup/start_up.h"
@@ -33,10 +34,13 @@ void Program::BindEvents() {
   form.cmdShowHighscores.Click = [this] { cmdShowHighscores_Click(game.desktop, form, state.ThemeName); };
   form.cmdHideScores.Click = [this] { cmdHideScores_Click(form); };
   form.picHighScores.Paint = [this] { picHighScores_Paint(form); };
+  // Without a game the pointer does nothing on the field; a button that is held when a game ends is still let go.
   form.PicCanvas.MouseDown = [this](Integer button, Integer, float x, float y) {
-    PicCanvas_MouseDown(game, button, x, y);
+    if (GameRuns(game)) PicCanvas_MouseDown(game, button, x, y);
   };
-  form.PicCanvas.MouseMove = [this](Integer, Integer, float x, float y) { PicCanvas_MouseMove(game, x, y); };
+  form.PicCanvas.MouseMove = [this](Integer, Integer, float x, float y) {
+    if (GameRuns(game)) PicCanvas_MouseMove(game, x, y);
+  };
   form.PicCanvas.MouseUp = [this](Integer, Integer, float, float) { PicCanvas_MouseUp(game); };
   form.Image2.Click = [this] { Image2_Click(game); };
   form.Image2.Commands = {{"Change the theme", 3, form.Image2.Click}};

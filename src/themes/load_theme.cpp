@@ -71,6 +71,7 @@ void Show(Game& game, const std::string& name, const Theme& theme) {
   SetSounds(game, JoinPath(game.desktop.ProgramFolder(), name));
   ++state.ThemeLoads;
   static_cast<ItemTable&>(state) = theme.items;
+  state.LoadedItems = theme.items;
   // The new table may be shorter than the one they pointed into.
   state.CurItem = 0;
   state.CurCont = 0;
@@ -90,6 +91,14 @@ void Show(Game& game, const std::string& name, const Theme& theme) {
 }
 
 }  // namespace
+
+bool ReturnItemsToStart(Game& game) {
+  modVariables& state = game.state;
+  if (state.ThemeLoads == 0 || EveryItemIsPutIn(state)) return false;
+  static_cast<ItemTable&>(state) = state.LoadedItems;
+  game.form.PicBlank.SetPicture(game.form.picBg1.PictureObject());
+  return true;
+}
 
 bool LoadTheme(Game& game, const std::string& name) {
   std::string loaded = name;

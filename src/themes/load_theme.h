@@ -13,4 +13,8 @@ namespace sorvex {
 /// its place and becomes the current theme. Returns whether a theme was loaded; if not, nothing was changed.
 bool LoadTheme(Game& game, const std::string& name);
 
+/// Puts the items of the theme on the field where its files say, in play again. False, and nothing is changed, when the
+/// game on the field is over or there is none.
+bool ReturnItemsToStart(Game& game);
+
 }  // namespace sorvex

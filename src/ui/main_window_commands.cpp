@@ -44,7 +44,7 @@ void PlayOneGame(Game& game, StartProgress& progress) {
   progress.Reach(modVariables::Start::Preparing);
   game.state.NewGameWanted = false;
   game.state.GameEnded = false;
-  if (!Form_Load(game)) return;
+  if (!Form_Load(game) && !ReturnItemsToStart(game)) return;
   form.PicBackbuff.Resize(form.PicCanvas.Width, form.PicCanvas.Height);
   form.PicBlank.Resize(form.PicCanvas.Width, form.PicCanvas.Height);
   progress.Reach(modVariables::Start::Playing);

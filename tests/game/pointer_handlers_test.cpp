@@ -137,6 +137,29 @@ TEST_F(Pointer, AnErrorInTheMaskTestIsShownAndCountsAsNo) {
   EXPECT_FALSE(form.Dragging);
 }
 
+TEST(WithoutAGame, ThePointerDoesNothingOnTheFieldButLetGo) {
+  Story story({CupTheme(2), CupTheme(1, "Other")});
+  const auto drag = [&] { story.Move(30, 30).Grab(32, 70).Move(33, 60); };
+  const Bitmap welcome = story.Field();
+  drag();
+  story.Release();
+  EXPECT_EQ(story.Run(), Story::End::ScriptEnded);
+  EXPECT_TRUE(story.Sounds().empty());
+  EXPECT_EQ(story.Field(), welcome);
+  EXPECT_EQ(story.state.ItemY(0), 63);
+
+  // The game ends while an item is held.
+  story.Start();
+  drag();
+  story.Then([&] { story.form.StopRendering = true; }).Release().Then([&] {
+    EXPECT_FALSE(story.form.MouseHeld || story.form.Dragging);
+    EXPECT_EQ(story.state.ItemY(0), 63);
+  });
+  drag();
+  EXPECT_EQ(story.Run(), Story::End::ScriptEnded);
+  EXPECT_EQ(story.Sounds(), (Names{"Pickup", "LetGo"}));
+}
+
 TEST(WithoutAGame, HandlersRunBeforeAnyThemeAndWithoutItems) {
   for (const std::vector<TestTheme>& themes : {std::vector<TestTheme>{CupTheme(0)}, {}}) {
     Story story(themes);

@@ -131,6 +131,25 @@ TEST(TheFallback, EndsWhenTheDefaultThemeFailsToo) {
   EXPECT_EQ(boxes("Bad"), (std::vector<Box>{Missing("Bad"), kNoDefault}));
 }
 
+TEST(TheFallback, PlaysTheThemeOnTheFieldWhenNoneLoadsAnyMore) {
+  Story story({CupTheme(2)});
+  const ItemTable start = story.state;
+  const auto breakThemes = [&] { fs::remove(story.ThemeFile("Theme.ini")); };
+  story.Start().PutIn(0).Move(90, 30).Then(breakThemes).Start().Then([&] {
+    EXPECT_EQ(static_cast<const ItemTable&>(story.state), start);
+    EXPECT_EQ(story.Field(), story.Painted({{0, 25, 63}, {1, 85, 63}}, Placed{0, 20, 20}));
+  });
+  story.Wait(500).PutIn(0).PutIn(1).Frames(1);
+  // That game is over: nothing runs.
+  const auto shown = [&story] { return story.desktop.FramesShown; };
+  int before = 0;
+  story.Then([&] { before = shown(); }).Start().Frames(2).Then([&] { EXPECT_EQ(shown(), before); });
+  EXPECT_EQ(story.Run(), Story::End::ScriptEnded);
+  const Box over{"Game Over\r\nYou took: 0.5 seconds", "Sorvex", BoxIcon::None};
+  EXPECT_EQ(story.desktop.Boxes,
+            (std::vector<Box>{Missing("Theme1"), kNoDefault, over, Missing("Theme1"), kNoDefault}));
+}
+
 TEST(TheFallback, WithNoThemeAtAllLeavesTheWindowUsable) {
   Story story(std::vector<TestTheme>{});
   EXPECT_EQ(story.desktop.Boxes, (std::vector<Box>{Missing("Theme1"), kNoDefault}));

@@ -176,6 +176,24 @@ TEST(WindowGame, ATouchSendsTheItemBackAndEndsTheDrag) {
   sitting.AwaitHover("after a release that ends nothing", atRest, 2);
 }
 
+// The box takes the pointer away; what the release then fails with must not take the box's place.
+TEST(WindowGame, TellsTheFirstErrorOfItsLoop) {
+  TestTheme theme;
+  theme.items = {{.x = 25, .y = 63, .contX = 32766, .contY = 20}};
+  Sitting sitting(theme);
+  sitting.Open();
+  sitting.Click(100, 270);
+  sitting.AwaitField("at the start", {{0, 25, 63}}, std::nullopt);
+  sitting.Hover(35, 70);
+  sitting.player->Press();
+  sitting.Hover(35, 71);
+  sitting.AwaitField("while dragging", {{0, 25, 64}}, std::nullopt);
+  sitting.Hover(5, 71);  // more than an Integer from its container
+  sitting.Answer("uhh oh!!");
+  sitting.player->Release();
+  EXPECT_EQ(sitting.player->Titles(), std::vector<std::string>{"Sorvex - Theme1"});
+}
+
 // Each of these starts a second game while the first runs.
 struct SecondStart {
   const char* name;

@@ -184,13 +184,17 @@ void QtDesktop::Sync() {
 }
 
 void QtDesktop::Wait(QEventLoop& loop, const std::function<void()>& begin) {
-  const auto wait = [&] {
+  // What the loss of the pointer throws must not take the place of what is to be shown, which may tell of an error.
+  const std::exception_ptr late = handlers_.Attempt([this] {
     for (std::size_t i = 0; i < shown_.size(); ++i) shown_[i]->window.LosePointer();
+  });
+  const auto wait = [&] {
     Sync();
     if (!handlers_.Leaving()) begin();
     if (!handlers_.Leaving()) loop.exec();
   };
   handlers_.Serve(wait, [&loop] { loop.quit(); });
+  if (late) std::rethrow_exception(late);
 }
 
 void QtDesktop::RunDialog(QDialog& dialog) {

@@ -39,8 +39,9 @@ void Win32Desktop::Show(Form& form, Form* owner) {
     const Form& form;
     bool modal;
   } closing{*this, form, owner != nullptr};
+  // What the loss of the pointer throws must not take the place of what is to be shown, which may tell of an error.
+  const std::exception_ptr late = handlers_.Attempt([this] { LosePointers(); });
   handlers_.Serve([&] {
-    LosePointers();
     Sync();
     window->Open();
     while (form.Loaded && !handlers_.Leaving()) {
@@ -49,6 +50,7 @@ void Win32Desktop::Show(Form& form, Form* owner) {
       ::WaitMessage();
     }
   });
+  if (late) std::rethrow_exception(late);
 }
 
 void Win32Desktop::DeliverEvents(int patience) {
@@ -86,8 +88,8 @@ void Win32Desktop::Refresh(PictureBox& surface, std::span<const Rectangle> chang
 }
 
 void Win32Desktop::WaitInBox(const std::function<void(HWND owner)>& show) {
+  const std::exception_ptr late = handlers_.Attempt([this] { LosePointers(); });
   const auto wait = [&] {
-    LosePointers();
     Sync();
     if (!handlers_.Leaving()) show(shown_.empty() ? nullptr : shown_.back()->Handle());
   };
@@ -100,6 +102,7 @@ void Win32Desktop::WaitInBox(const std::function<void(HWND owner)>& show) {
     }
   } closing;
   handlers_.Serve(wait, [] { ::PostQuitMessage(0); });
+  if (late) std::rethrow_exception(late);
 }
 
 void Win32Desktop::ShowMessage(const std::string& text, const std::string& title, BoxIcon icon) {
