@@ -38,6 +38,9 @@ struct ScreenPoint {
   Long y = 0;
 };
 
+/// How much an entry field holds, as the classic text-input box has it.
+inline constexpr int kLongestEntry = 254;
+
 /// The new content of a file; none: it stays as it is.
 using FileContent = std::function<std::optional<std::string>()>;
 
@@ -66,7 +69,8 @@ class Desktop {
   virtual void Refresh(PictureBox& surface, std::span<const Rectangle> changed) = 0;
   /// A modal box with one OK button. Lines of `text` end with CR LF.
   virtual void ShowMessage(const std::string& text, const std::string& title, BoxIcon icon) = 0;
-  /// A modal box with an empty entry field, OK and Cancel; what was typed, empty on Cancel.
+  /// A modal box with an empty entry field that takes up to kLongestEntry characters (UTF-16 code units), OK and Cancel;
+  /// what was typed, empty on Cancel.
   virtual std::string InputBox(const std::string& prompt, const std::string& title) = 0;
 
   // Pictures and text

@@ -38,6 +38,7 @@ InputDialog::InputDialog(const std::string& prompt, const std::string& title, QW
   label->setTextFormat(Qt::PlainText);
   label->setText(sorvex::ToQt(prompt));
   field_->setAccessibleName(label->text());
+  field_->setMaxLength(kLongestEntry);
   field_->setMinimumWidth(fontMetrics().averageCharWidth() * 40);
   auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
   connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);

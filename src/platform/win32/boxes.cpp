@@ -40,6 +40,7 @@ INT_PTR CALLBACK Receive(HWND dialog, UINT message, WPARAM first, LPARAM second)
     const auto& question = *reinterpret_cast<const Question*>(second);
     ::SetWindowTextW(dialog, question.title.c_str());
     ::SetDlgItemTextW(dialog, IDC_PROMPT, question.prompt.c_str());
+    ::SendDlgItemMessageW(dialog, IDC_ANSWER, EM_SETLIMITTEXT, kLongestEntry, 0);
     ::SetFocus(::GetDlgItem(dialog, IDC_ANSWER));
     return FALSE;  // the focus is set
   }
