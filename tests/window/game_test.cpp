@@ -191,7 +191,8 @@ TEST(WindowGame, TellsTheFirstErrorOfItsLoop) {
   sitting.Hover(5, 71);  // more than an Integer from its container
   sitting.Answer("uhh oh!!");
   sitting.player->Release();
-  EXPECT_EQ(sitting.player->Titles(), std::vector<std::string>{"Sorvex - Theme1"});
+  EXPECT_TRUE(WaitUntil([&] { return sitting.player->Titles() == std::vector<std::string>{"Sorvex - Theme1"}; }, 2s))
+      << "one box, not two";
 }
 
 // Each of these starts a second game while the first runs.

@@ -16,7 +16,10 @@ void Record(Sitting& sitting, const std::string& theme, const std::string& name)
   sitting.player->Tap("Return");
   sitting.Await("Sorvex - " + theme);
   sitting.StartGame();
+  // The chosen theme's waiting frame looks the same, but takes no pointer.
+  sitting.AwaitHover("in the game", {sitting.Rest(0), sitting.Rest(1)}, 1);
   sitting.PutIn(0);
+  sitting.PutIn(1);
   sitting.Answer("Sorvex");
   sitting.Await("You got a highscore");
   sitting.player->Type(name);
@@ -28,9 +31,9 @@ void Record(Sitting& sitting, const std::string& theme, const std::string& name)
 
 TEST(WineHandOver, BothProgramsKeepEachOthersLetters) {
   const std::string kept = "\"Ξένια\"\r\n\"24.11.26\"\r\n\"98.5\"\r\n\"花子\"\r\n\"24.11.26\"\r\n\"99\"\r\n";
-  TestTheme theme = CupTheme(1, "Zoo Θέμα 日本");
+  TestTheme theme = CupTheme(2, "Zoo Θέμα 日本");
   theme.highScores = kept;
-  Sitting sitting(CupTheme(1));
+  Sitting sitting(CupTheme(2));
   WriteTheme(sitting.folder.Path() / "program", theme);
   int recorded = 0;
   for (const System system : {System::Linux, System::Windows, System::Linux}) {
