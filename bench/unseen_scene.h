@@ -9,7 +9,7 @@ namespace sorvex::bench {
 
 /// A game whose surfaces are shown nowhere.
 struct UnseenScene : private HeadlessDesktop, Scene {
-  explicit UnseenScene(const SceneDesign& design) : HeadlessDesktop("", ""), Scene(*this, design) {}
+  explicit UnseenScene(const SceneDesign& design) : HeadlessDesktop(""), Scene(*this, design) {}
 };
 
 }  // namespace sorvex::bench

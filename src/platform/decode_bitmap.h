@@ -9,9 +9,9 @@
 
 namespace sorvex {
 
-/// The pixels of a bitmap file, given its bytes; transparency is dropped. What run-length encoded rows leave out is black.
-/// nullopt when the system's reader cannot read it. Readers trust what a bitmap declares of
-/// itself: check that first (themes/bitmap_check.h).
+/// The pixels of a bitmap file, given its bytes; transparency is dropped. What run-length encoded rows leave out is
+/// black. nullopt when the system's reader cannot read it. Readers trust what a bitmap declares of itself: check that
+/// first (themes/bitmap_check.h).
 std::optional<Bitmap> DecodeBitmap(std::string_view bytes);
 
 }  // namespace sorvex

@@ -15,6 +15,7 @@
 #include "base/numbers.h"
 #include "platform/controls.h"
 #include "platform/picture.h"
+#include "platform/registry.h"
 
 namespace sorvex {
 
@@ -44,13 +45,6 @@ inline constexpr int kLongestEntry = 254;
 /// The new content of a file; none: it stays as it is.
 using FileContent = std::function<std::optional<std::string>()>;
 
-/// A registry hive or an open key; 0 is no key.
-using RegistryKey = std::uint32_t;
-inline constexpr RegistryKey kLocalMachine = 0x80000002;  ///< HKEY_LOCAL_MACHINE
-/// Types of registry values: text, and a number of 4 bytes.
-inline constexpr std::uint32_t kRegSz = 1;
-inline constexpr std::uint32_t kRegDword = 4;
-
 /// Handlers run only inside Show, DeliverEvents, ShowMessage and InputBox, on the calling thread. What a handler throws
 /// leaves the call that ran it.
 class Desktop {
@@ -69,8 +63,8 @@ class Desktop {
   virtual void Refresh(PictureBox& surface, std::span<const Rectangle> changed) = 0;
   /// A modal box with one OK button. Lines of `text` end with CR LF.
   virtual void ShowMessage(const std::string& text, const std::string& title, BoxIcon icon) = 0;
-  /// A modal box with an empty entry field that takes up to kLongestEntry characters (UTF-16 code units), OK and Cancel;
-  /// what was typed, empty on Cancel.
+  /// A modal box with an empty entry field that takes up to kLongestEntry characters (UTF-16 code units), OK and
+  /// Cancel; what was typed, empty on Cancel.
   virtual std::string InputBox(const std::string& prompt, const std::string& title) = 0;
 
   // Pictures and text
@@ -106,18 +100,8 @@ class Desktop {
   /// program is inside this function for a file of that folder. A link is followed; a read-only file stays; throws 76
   /// (no such folder), 75 (not writable), 61 (disk full), 57, and what `content` throws.
   virtual void UpdateFile(const std::string& path, const FileContent& content) = 0;
-
-  // The registry, after RegOpenKeyExA, RegCreateKeyExA, RegQueryValueExA, RegSetValueExA and RegCloseKey (winreg.h);
-  // each returns that function's status (0: ERROR_SUCCESS).
-  virtual Long RegistryOpen(RegistryKey hive, const std::string& name, std::uint32_t access, RegistryKey& key) = 0;
-  virtual Long RegistryCreate(RegistryKey hive, const std::string& name, std::uint32_t access, RegistryKey& key) = 0;
-  /// `data` may be null to learn type and size; `size` is the buffer's size in bytes and becomes the value's.
-  virtual Long RegistryQuery(RegistryKey key, const std::string& name, std::uint32_t& type, void* data,
-                             std::uint32_t& size) = 0;
-  /// `data` of kRegSz is UTF-8 up to a zero, and `size` how many bytes of it to store in the system's 8-bit encoding.
-  virtual Long RegistrySet(RegistryKey key, const std::string& name, std::uint32_t type, const void* data,
-                           std::uint32_t size) = 0;
-  virtual Long RegistryClose(RegistryKey key) = 0;
+  /// Where the program records its folder.
+  virtual Registry& SystemRegistry() = 0;
 };
 
 /// The front end that this program was linked with.

@@ -35,26 +35,26 @@ std::optional<Long> ToNumber(const Variant& value) {
 
 }  // namespace
 
-Variant ReadRegistryValue(Desktop& desktop, RegistryKey hive, const std::string& keyName,
+Variant ReadRegistryValue(Registry& registry, RegistryKey hive, const std::string& keyName,
                           const std::string& valueName) {
   RegistryKey key = 0;
-  desktop.RegistryOpen(hive, keyName, kAccess, key);
+  registry.Open(hive, keyName, kAccess, key);
   Variant value;
-  QueryOpenKeyValue(desktop, key, valueName, value);
-  desktop.RegistryClose(key);
+  QueryOpenKeyValue(registry, key, valueName, value);
+  registry.Close(key);
   return value;
 }
 
-Long QueryOpenKeyValue(Desktop& desktop, RegistryKey key, const std::string& valueName, Variant& value) {
+Long QueryOpenKeyValue(Registry& registry, RegistryKey key, const std::string& valueName, Variant& value) {
   std::uint32_t type = 0;
   std::uint32_t size = 0;
-  Long status = desktop.RegistryQuery(key, valueName, type, nullptr, size);
+  Long status = registry.Query(key, valueName, type, nullptr, size);
   if (status != 0) return status;
   if (type != kRegSz && type != kRegDword) return kNotHandled;
   const bool isText = type == kRegSz;
   // A damaged registry may hold a number of more than 4 bytes: the buffer takes them all, the first 4 count.
   std::string buffer(isText ? size : std::max<std::size_t>(size, sizeof(Long)), '\0');
-  status = desktop.RegistryQuery(key, valueName, type, buffer.data(), size);
+  status = registry.Query(key, valueName, type, buffer.data(), size);
   if (isText) {
     value = status == 0 ? Variant(buffer.substr(0, size)) : Variant();
   } else if (status == 0) {
@@ -65,33 +65,33 @@ Long QueryOpenKeyValue(Desktop& desktop, RegistryKey key, const std::string& val
   return status;
 }
 
-void CreateRegistryKey(Desktop& desktop, RegistryKey hive, const std::string& keyName) {
+void CreateRegistryKey(Registry& registry, RegistryKey hive, const std::string& keyName) {
   RegistryKey key = 0;
-  desktop.RegistryCreate(hive, keyName, kAccess, key);
-  desktop.RegistryClose(key);
+  registry.Create(hive, keyName, kAccess, key);
+  registry.Close(key);
 }
 
-void WriteRegistryValue(Desktop& desktop, RegistryKey hive, const std::string& keyName, const std::string& valueName,
+void WriteRegistryValue(Registry& registry, RegistryKey hive, const std::string& keyName, const std::string& valueName,
                         const Variant& value, std::uint32_t type) {
   RegistryKey key = 0;
-  desktop.RegistryOpen(hive, keyName, kAccess, key);
-  SetOpenKeyValue(desktop, key, valueName, type, value);
-  desktop.RegistryClose(key);
+  registry.Open(hive, keyName, kAccess, key);
+  SetOpenKeyValue(registry, key, valueName, type, value);
+  registry.Close(key);
 }
 
-Long SetOpenKeyValue(Desktop& desktop, RegistryKey key, const std::string& valueName, std::uint32_t type,
+Long SetOpenKeyValue(Registry& registry, RegistryKey key, const std::string& valueName, std::uint32_t type,
                      const Variant& value) {
   if (type == kRegSz) {
     const std::string text = ToText(value);
     // The length counts characters, as it always has: text with letters outside ASCII is stored cut short. (A folder
     // name that is no UTF-8 may count more characters than it has bytes.)
     const std::size_t size = std::min(Utf16Length(text), text.size());
-    return desktop.RegistrySet(key, valueName, kRegSz, text.data(), static_cast<std::uint32_t>(size));
+    return registry.Set(key, valueName, kRegSz, text.data(), static_cast<std::uint32_t>(size));
   }
   if (type == kRegDword) {
     const std::optional<Long> number = ToNumber(value);
     if (!number) return kNotHandled;
-    return desktop.RegistrySet(key, valueName, kRegDword, &*number, sizeof *number);
+    return registry.Set(key, valueName, kRegDword, &*number, sizeof *number);
   }
   return 0;
 }

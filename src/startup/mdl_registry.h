@@ -8,7 +8,7 @@
 #include <variant>
 
 #include "base/numbers.h"
-#include "platform/desktop.h"
+#include "platform/registry.h"
 
 namespace sorvex::mdlRegistry {
 
@@ -19,22 +19,22 @@ using Variant = std::variant<std::monostate, std::string, Long>;
 inline constexpr Long kNotHandled = -1;
 
 /// The value, nothing when it could not be read.
-Variant ReadRegistryValue(Desktop& desktop, RegistryKey hive, const std::string& keyName, const std::string& valueName);
+Variant ReadRegistryValue(Registry& registry, RegistryKey hive, const std::string& keyName, const std::string& valueName);
 
 /// Reads a value of type kRegSz (all its bytes, a terminating zero included) or kRegDword. On failure `value` stays as
 /// it was, except that a string which could not be fetched leaves nothing. Other types give kNotHandled.
-Long QueryOpenKeyValue(Desktop& desktop, RegistryKey key, const std::string& valueName, Variant& value);
+Long QueryOpenKeyValue(Registry& registry, RegistryKey key, const std::string& valueName, Variant& value);
 
 /// Creates the key and its parents; one that exists stays.
-void CreateRegistryKey(Desktop& desktop, RegistryKey hive, const std::string& keyName);
+void CreateRegistryKey(Registry& registry, RegistryKey hive, const std::string& keyName);
 
 /// Writes a value into a key that exists; without one nothing happens.
-void WriteRegistryValue(Desktop& desktop, RegistryKey hive, const std::string& keyName, const std::string& valueName,
+void WriteRegistryValue(Registry& registry, RegistryKey hive, const std::string& keyName, const std::string& valueName,
                         const Variant& value, std::uint32_t type);
 
 /// Stores `value` as kRegSz (without a terminating zero) or as kRegDword (rounded half to even); other types write
 /// nothing and give 0. Text that is not a number, or leaves the range, is no kRegDword: kNotHandled, nothing written.
-Long SetOpenKeyValue(Desktop& desktop, RegistryKey key, const std::string& valueName, std::uint32_t type,
+Long SetOpenKeyValue(Registry& registry, RegistryKey key, const std::string& valueName, std::uint32_t type,
                      const Variant& value);
 
 }  // namespace sorvex::mdlRegistry

@@ -20,9 +20,10 @@ bool IsEmptyText(const mdlRegistry::Variant& value) {
 }  // namespace
 
 void Form_Initialize(Game& game) {
-  if (IsEmptyText(mdlRegistry::ReadRegistryValue(game.desktop, kLocalMachine, kKey, kPathValue)))
-    mdlRegistry::CreateRegistryKey(game.desktop, kLocalMachine, kKey);
-  mdlRegistry::WriteRegistryValue(game.desktop, kLocalMachine, kKey, kPathValue, game.desktop.ProgramFolder(), kRegSz);
+  Registry& registry = game.desktop.SystemRegistry();
+  if (IsEmptyText(mdlRegistry::ReadRegistryValue(registry, kLocalMachine, kKey, kPathValue)))
+    mdlRegistry::CreateRegistryKey(registry, kLocalMachine, kKey);
+  mdlRegistry::WriteRegistryValue(registry, kLocalMachine, kKey, kPathValue, game.desktop.ProgramFolder(), kRegSz);
   game.state.ThemeName = kDefaultTheme;
 }
 

@@ -16,7 +16,7 @@ namespace {
 // screen that only receives the boxes named as changed.
 class FullFrames : public HeadlessDesktop {
  public:
-  explicit FullFrames(unsigned seed) : HeadlessDesktop("", ""), random(seed) { PaintDesign(*this, form); }
+  explicit FullFrames(unsigned seed) : HeadlessDesktop(""), random(seed) { PaintDesign(*this, form); }
 
   void Refresh(PictureBox& surface, std::span<const Rectangle> changed) override {
     for (const Rectangle& box : changed)

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The registry module over a registry in a file, what start-up leaves there, and that nothing there can stop it.
+// The registry module over the registry of a system that has none, and what start-up leaves there.
 #include <gtest/gtest.h>
-#include <sys/stat.h>
 
 #include "startup/mdl_registry.h"
 #include "support/story.h"
@@ -12,91 +11,116 @@ namespace {
 using namespace std::string_literals;
 
 constexpr auto kSorvex = "Software\\Quennet\\Sorvex";
-const std::string kHead = "REGEDIT4\r\n\r\n[HKEY_LOCAL_MACHINE\\Software\\Quennet\\Sorvex]\r\n";
+constexpr auto kPath = "HKEY_LOCAL_MACHINE\\Software\\Quennet\\Sorvex";
 
 class StartUp : public testing::Test {
  protected:
   ~StartUp() override {
-    for (RegistryKey key = 1; key < 100; ++key) EXPECT_EQ(desktop.RegistryClose(key), 6) << key << " was left open";
+    for (RegistryKey key = 1; key < 100; ++key) EXPECT_EQ(registry.Close(key), 6) << key << " was left open";
   }
 
-  Variant Read() { return ReadRegistryValue(desktop, kLocalMachine, kSorvex, "Path"); }
+  Variant Read() { return ReadRegistryValue(registry, kLocalMachine, kSorvex, "Path"); }
   void Write(const Variant& value, std::uint32_t type) {
-    WriteRegistryValue(desktop, kLocalMachine, kSorvex, "Path", value, type);
+    WriteRegistryValue(registry, kLocalMachine, kSorvex, "Path", value, type);
   }
+  MapRegistry::Value& Stored() { return registry.content[kPath]["Path"]; }
 
   const TempFolder folder;
-  const std::filesystem::path store = folder.Path() / "registry.reg";
-  HeadlessDesktop desktop{folder.Path(), store};
+  HeadlessDesktop desktop{folder.Path()};
+  MapRegistry& registry = desktop.StoredRegistry;
 };
 
 TEST_F(StartUp, StoresValuesAsTheirTypeAsks) {
-  CreateRegistryKey(desktop, kLocalMachine, kSorvex);
+  Write("/opt"s, kRegSz);
+  EXPECT_TRUE(registry.content.empty()) << "only CreateRegistryKey makes the key";
+  CreateRegistryKey(registry, kLocalMachine, kSorvex);
   const struct {
     Variant value;
     std::uint32_t type;
-    std::string line;
+    MapRegistry::Value stored;
     Variant readBack;
   } cases[] = {
-      {"/opt/sor"s, kRegSz, "\"Path\"=hex(1):2f,6f,70,74,2f,73,6f,72\r\n", "/opt/sor"s},
-      {"\xC3\xBC!\xF0\x9F\x8E\xAF"s, kRegSz, "\"Path\"=hex(1):c3,bc,21,f0\r\n", "\xC3\xBC!\xF0"s},  // 4 characters
-      {Variant(), kRegSz, "\"Path\"=hex(1):\r\n", ""s},
-      {-12, kRegSz, "\"Path\"=hex(1):2d,31,32\r\n", "-12"s},
-      {-2, kRegDword, "\"Path\"=dword:fffffffe\r\n", -2},
-      {" 2.5 "s, kRegDword, "\"Path\"=dword:00000002\r\n", 2},
-      {"2147483648"s, kRegDword, "\"Path\"=dword:00000002\r\n", 2},  // no such number: nothing is written
-      {"text"s, 3, "\"Path\"=dword:00000002\r\n", 2},                // no such type
+      {"/opt/sor"s, kRegSz, {1, "/opt/sor"}, "/opt/sor"s},
+      {"\xC3\xBC!\xF0\x9F\x8E\xAF"s, kRegSz, {1, "\xC3\xBC!\xF0"}, "\xC3\xBC!\xF0"s},  // 4 characters
+      {Variant(), kRegSz, {1, ""}, ""s},
+      {-12, kRegSz, {1, "-12"}, "-12"s},
+      {-2, kRegDword, {4, "\xFE\xFF\xFF\xFF"}, -2},
+      {" 2.5 "s, kRegDword, {4, "\2\0\0\0"s}, 2},
+      {"2147483648"s, kRegDword, {4, "\2\0\0\0"s}, 2},  // no such number: nothing is written
+      {"text"s, 3, {4, "\2\0\0\0"s}, 2},                // no such type
   };
   for (const auto& c : cases) {
     Write(c.value, c.type);
-    EXPECT_EQ(ReadWholeFile(store), kHead + c.line);
-    EXPECT_EQ(Read(), c.readBack) << c.line;
+    EXPECT_EQ(Stored(), c.stored) << c.stored.bytes;
+    EXPECT_EQ(Read(), c.readBack) << c.stored.bytes;
   }
 }
 
 TEST_F(StartUp, ReadsTextAndNumbersOnlyAndTrimsNothing) {
-  const std::pair<const char*, Variant> cases[] = {{"\"Path\"=\"/opt\"", "/opt\0"s},
-                                                   {"\"Path\"=hex(4):05,00,00,00,1,2,3,4,5,6,7,8,9,a,b,c,d,e,f,10", 5},
-                                                   {"\"Path\"=hex:2f", {}},
-                                                   {"\"Path\"=hex(2):2f,00", {}},
-                                                   {"", {}}};
-  for (const auto& [line, value] : cases) {
-    WriteFile(store, kHead + line);
-    EXPECT_EQ(Read(), value) << line;
+  const std::pair<MapRegistry::Value, Variant> cases[] = {
+      {{1, "/opt\0"s}, "/opt\0"s}, {{4, "\5\0\0\0 and twelve more"s}, 5}, {{3, "/"}, {}}, {{2, "/\0"s}, {}}};
+  for (const auto& [stored, value] : cases) {
+    Stored() = stored;
+    EXPECT_EQ(Read(), value) << stored.type;
   }
 }
 
-TEST_F(StartUp, WritesNothingWithoutAKeyOrTheRightTo) {
-  Write("/opt"s, kRegSz);
-  EXPECT_FALSE(std::filesystem::exists(store)) << "only CreateRegistryKey makes the key";
-  const std::string text = kHead + "\"Path\"=\"/old\"\r\n";
-  WriteFile(store, text);
-  ::chmod(store.c_str(), 0444);
-  EXPECT_EQ(Read(), Variant()) << "the access mask asks for writing";
-  CreateRegistryKey(desktop, kLocalMachine, kSorvex);
-  Write("/opt"s, kRegSz);
-  EXPECT_EQ(ReadWholeFile(store), text);
+TEST_F(StartUp, FindsKeysWhateverTheCaseAndRefusesWhatWasNotAskedFor) {
+  CreateRegistryKey(registry, kLocalMachine, "software\\QUENNET\\Sorvex\\");
+  EXPECT_EQ(registry.content.count(kPath), 1U);
+  RegistryKey key = 0;
+  const struct {
+    const char* name;
+    Long status;
+  } opened[] = {{"Software", 0}, {"Software\\Quennet", 0}, {"Soft", 2}, {kSorvex, 0}, {"Software\\Quennet\\Sor", 2}};
+  for (const auto& [name, status] : opened) {
+    EXPECT_EQ(registry.Open(kLocalMachine, name, 0x19, key), status) << name;
+    if (status == 0) {
+      EXPECT_EQ(registry.Close(key), 0);
+    }
+  }
+  EXPECT_EQ(registry.Create(kLocalMachine, "a\\\\b", 0x3F, key), 87);
+  EXPECT_EQ(registry.Open(77, kSorvex, 0x3F, key), 6);
+  Stored() = {1, "/opt"};
+  ASSERT_EQ(registry.Open(kLocalMachine, kSorvex, 0x01, key), 0);
+  std::uint32_t type = 0;
+  std::uint32_t size = 3;
+  char buffer[4];
+  EXPECT_EQ(registry.Query(key, "PATH", type, buffer, size), 234) << "too small a buffer";
+  EXPECT_EQ(size, 4U);
+  EXPECT_EQ(registry.Query(key, "none", type, buffer, size), 2);
+  EXPECT_EQ(registry.Set(key, "Path", kRegSz, "x", 1), 5) << "opened for reading";
+  EXPECT_EQ(registry.Close(key), 0);
 }
 
-TEST_F(StartUp, RecordsTheFolderOfTheCopyThatRanLastWhereItCan) {
+TEST_F(StartUp, RecordsTheFolderOfTheCopyThatRanLastAndStoresOnlyWhatChanges) {
   WriteTheme(folder.Path(), CupTheme(1));
   const std::string mine = folder.Path();
   const std::string other = mine + "/moved";
+  int stores = 0;
+  Long status = 0;
+  MapRegistry::Content disk;
   const struct {
     std::string programFolder;
-    const char* registry;
-    Variant recorded;
-  } cases[] = {{other, "", other}, {mine, nullptr, mine}, {mine, "not a registry", Variant()}};
+    Long status;
+    std::string recorded;
+    int stores;
+  } cases[] = {{other, 0, other, 1}, {mine, 0, mine, 2}, {mine, 0, mine, 2}, {other, 5, mine, 3}};
   for (const auto& c : cases) {
-    if (c.registry != nullptr) WriteFile(store, c.registry);
-    HeadlessDesktop its(c.programFolder, store);
+    status = c.status;
+    HeadlessDesktop its(c.programFolder);
+    its.StoredRegistry = MapRegistry(disk, [&](const MapRegistry::Content& content) {
+      ++stores;
+      if (status == 0) disk = content;
+      return status;
+    });
     Program program(its);
     program.Initialize();
-    EXPECT_EQ(Read(), c.recorded);
+    EXPECT_EQ(disk[kPath]["Path"].bytes, c.recorded);
+    EXPECT_EQ(stores, c.stores);
     EXPECT_EQ(program.state.ThemeName, "Theme1");
     EXPECT_EQ(its.Boxes.empty(), c.programFolder == mine) << "a box tells of a missing theme only";
   }
-  EXPECT_EQ(ReadWholeFile(store), "not a registry");
 }
 
 TEST_F(StartUp, AnErrorOutsideAGameIsShownAndTheWindowStays) {

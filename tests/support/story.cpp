@@ -15,7 +15,7 @@ std::string WriteThemes(const TempFolder& folder, const std::vector<TestTheme>& 
 }  // namespace
 
 Story::Story(const std::vector<TestTheme>& themes)
-    : desktop(WriteThemes(folder, themes), (folder.Path() / "registry.reg").string()) {
+    : desktop(WriteThemes(folder, themes)) {
   program.Initialize();
 }
 

@@ -150,7 +150,7 @@ TEST(BitmapCheck, ComesBeforeTheSystemsReader) {
   struct : HeadlessDesktop {  // its reader takes a file's word for its size
     using HeadlessDesktop::HeadlessDesktop;
     std::optional<Bitmap> DecodeBitmap(std::string_view) override { return Bitmap({8, 8}); }
-  } desktop{"", ""};
+  } desktop{""};
   const TempFolder folder;
   WriteTheme(folder.Path(), CupTheme(1));
   const std::filesystem::path theme = folder.Path() / "Theme1";
@@ -160,7 +160,7 @@ TEST(BitmapCheck, ComesBeforeTheSystemsReader) {
 }
 
 TEST(AThemesFiles, AreReadWithinBounds) {
-  HeadlessDesktop desktop("", "");
+  HeadlessDesktop desktop("");
   const TempFolder folder;
   WriteTheme(folder.Path(), CupTheme(1));
   const std::filesystem::path theme = folder.Path() / "Theme1";

@@ -24,9 +24,9 @@ class Registry : public testing::Test {
   Registry() { ::RegDeleteTreeA(HKEY_CURRENT_USER, kKey); }
   ~Registry() override { ::RegDeleteTreeA(HKEY_CURRENT_USER, kKey); }
 
-  Variant Read(const char* name = "Path") { return mdlRegistry::ReadRegistryValue(desktop, kCurrentUser, kKey, name); }
+  Variant Read(const char* name = "Path") { return mdlRegistry::ReadRegistryValue(registry, kCurrentUser, kKey, name); }
   void Write(const Variant& value, std::uint32_t type) {
-    mdlRegistry::WriteRegistryValue(desktop, kCurrentUser, kKey, "Path", value, type);
+    mdlRegistry::WriteRegistryValue(registry, kCurrentUser, kKey, "Path", value, type);
   }
   // What another program stores.
   void Store(DWORD type, const std::string& bytes) {
@@ -45,15 +45,15 @@ class Registry : public testing::Test {
     return {type, {bytes, size}};
   }
 
-  Desktop& desktop = TheDesktop();
+  sorvex::Registry& registry = TheDesktop().SystemRegistry();
 };
 
 TEST_F(Registry, KeepsTextToTheByte) {
   EXPECT_EQ(Read(), Variant()) << "no key";
   Write("C:\\Games", kRegSz);
   EXPECT_EQ(Read(), Variant()) << "writing makes no key";
-  mdlRegistry::CreateRegistryKey(desktop, kCurrentUser, kKey);
-  mdlRegistry::CreateRegistryKey(desktop, kCurrentUser, kKey);
+  mdlRegistry::CreateRegistryKey(registry, kCurrentUser, kKey);
+  mdlRegistry::CreateRegistryKey(registry, kCurrentUser, kKey);
   EXPECT_EQ(Read(), Variant()) << "no value";
   Write("C:\\Games", kRegSz);
   EXPECT_EQ(Stored(), std::pair(DWORD{REG_SZ}, "C:\\Games"s)) << "without a terminating zero";
@@ -65,22 +65,22 @@ TEST_F(Registry, KeepsTextToTheByte) {
 }
 
 TEST_F(Registry, KeepsNumbersAndLeavesOtherTypesAlone) {
-  mdlRegistry::CreateRegistryKey(desktop, kCurrentUser, kKey);
+  mdlRegistry::CreateRegistryKey(registry, kCurrentUser, kKey);
   Write("-7", kRegDword);
   EXPECT_EQ(Stored(), std::pair(DWORD{REG_DWORD}, "\xF9\xFF\xFF\xFF"s));
   EXPECT_EQ(Read(), Variant(Long{-7}));
   Store(REG_EXPAND_SZ, "%PATH%\0"s);
   EXPECT_EQ(Read(), Variant());
   RegistryKey key = 0;
-  ASSERT_EQ(desktop.RegistryOpen(kCurrentUser, kKey, kReadOnly, key), ERROR_SUCCESS);
+  ASSERT_EQ(registry.Open(kCurrentUser, kKey, kReadOnly, key), ERROR_SUCCESS);
   Variant value;
-  EXPECT_EQ(mdlRegistry::QueryOpenKeyValue(desktop, key, "Path", value), -1);
+  EXPECT_EQ(mdlRegistry::QueryOpenKeyValue(registry, key, "Path", value), -1);
   EXPECT_EQ(value, Variant());
-  EXPECT_EQ(mdlRegistry::QueryOpenKeyValue(desktop, key, "Missing", value), ERROR_FILE_NOT_FOUND);
-  EXPECT_EQ(mdlRegistry::SetOpenKeyValue(desktop, key, "Path", REG_EXPAND_SZ, "x"), 0) << "nothing to write";
-  EXPECT_EQ(mdlRegistry::SetOpenKeyValue(desktop, key, "Path", kRegSz, "x"), ERROR_ACCESS_DENIED);
-  EXPECT_EQ(desktop.RegistryClose(key), ERROR_SUCCESS);
-  EXPECT_EQ(desktop.RegistryClose(0), ERROR_INVALID_HANDLE);
+  EXPECT_EQ(mdlRegistry::QueryOpenKeyValue(registry, key, "Missing", value), ERROR_FILE_NOT_FOUND);
+  EXPECT_EQ(mdlRegistry::SetOpenKeyValue(registry, key, "Path", REG_EXPAND_SZ, "x"), 0) << "nothing to write";
+  EXPECT_EQ(mdlRegistry::SetOpenKeyValue(registry, key, "Path", kRegSz, "x"), ERROR_ACCESS_DENIED);
+  EXPECT_EQ(registry.Close(key), ERROR_SUCCESS);
+  EXPECT_EQ(registry.Close(0), ERROR_INVALID_HANDLE);
   EXPECT_EQ(Stored().first, DWORD{REG_EXPAND_SZ});
 }
 
@@ -99,9 +99,9 @@ TEST_F(Registry, WithoutWriteAccessNothingHappens) {
   };
   allowEveryone(KEY_READ | WRITE_DAC);
   RegistryKey refused = 0;
-  EXPECT_EQ(desktop.RegistryOpen(kCurrentUser, kKey, 0x3F, refused), ERROR_ACCESS_DENIED);
+  EXPECT_EQ(registry.Open(kCurrentUser, kKey, 0x3F, refused), ERROR_ACCESS_DENIED);
   EXPECT_EQ(refused, 0U);
-  mdlRegistry::CreateRegistryKey(desktop, kCurrentUser, kKey);
+  mdlRegistry::CreateRegistryKey(registry, kCurrentUser, kKey);
   Write("new", kRegSz);
   EXPECT_EQ(Stored().second, "old\0"s);
   allowEveryone(KEY_ALL_ACCESS);
@@ -112,7 +112,7 @@ TEST_F(Registry, LeaksNoHandle) {
   const auto useAll = [&] {
     Read();
     Write("C:\\Games", kRegSz);
-    mdlRegistry::CreateRegistryKey(desktop, kCurrentUser, kKey);
+    mdlRegistry::CreateRegistryKey(registry, kCurrentUser, kKey);
     Write("C:\\Games", kRegSz);
     Read();
     Read("Missing");

@@ -8,7 +8,6 @@
 #include "base/text.h"
 #include "platform/headless/bmp_reader.h"
 #include "platform/input.h"
-#include "platform/posix/registry_file.h"
 #include "platform/posix/write_whole_file.h"
 
 namespace sorvex {
@@ -26,11 +25,6 @@ Size SizeOf(BuiltIn which) {
 }
 
 }  // namespace
-
-HeadlessDesktop::HeadlessDesktop(std::string programFolder, std::string registryPath)
-    : programFolder_(std::move(programFolder)), registry_(std::make_unique<RegistryFile>(std::move(registryPath))) {}
-
-HeadlessDesktop::~HeadlessDesktop() = default;
 
 void HeadlessDesktop::Show(Form& form, Form* /*owner*/) {
   form.Loaded = true;
@@ -119,26 +113,5 @@ void HeadlessDesktop::UpdateFile(const std::string& path, const FileContent& con
     return bytes;
   });
 }
-
-Long HeadlessDesktop::RegistryOpen(RegistryKey hive, const std::string& name, std::uint32_t access, RegistryKey& key) {
-  return registry_->Open(hive, name, access, key);
-}
-
-Long HeadlessDesktop::RegistryCreate(RegistryKey hive, const std::string& name, std::uint32_t access,
-                                     RegistryKey& key) {
-  return registry_->Create(hive, name, access, key);
-}
-
-Long HeadlessDesktop::RegistryQuery(RegistryKey key, const std::string& name, std::uint32_t& type, void* data,
-                                    std::uint32_t& size) {
-  return registry_->Query(key, name, type, data, size);
-}
-
-Long HeadlessDesktop::RegistrySet(RegistryKey key, const std::string& name, std::uint32_t type, const void* data,
-                                  std::uint32_t size) {
-  return registry_->Set(key, name, type, data, size);
-}
-
-Long HeadlessDesktop::RegistryClose(RegistryKey key) { return registry_->Close(key); }
 
 }  // namespace sorvex

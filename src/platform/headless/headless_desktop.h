@@ -5,7 +5,6 @@
 
 #include <deque>
 #include <functional>
-#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -13,19 +12,17 @@
 #include "base/bitmap.h"
 #include "base/runtime_error.h"
 #include "platform/desktop.h"
+#include "platform/map_registry.h"
 
 namespace sorvex {
-
-class RegistryFile;
 
 /// Thrown by a delivery for which the script has nothing left: the story is over, whatever was waiting.
 struct ScriptEnded {};
 
 class HeadlessDesktop : public Desktop {
  public:
-  /// `programFolder` is where the executable is said to lie; the registry is kept in `registryPath`.
-  HeadlessDesktop(std::string programFolder, std::string registryPath);
-  ~HeadlessDesktop() override;
+  /// `programFolder` is where the executable is said to lie.
+  explicit HeadlessDesktop(std::string programFolder) : programFolder_(std::move(programFolder)) {}
 
   // What a test sets
   /// While a window is shown, each delivery runs the first of these and drops it.
@@ -33,6 +30,7 @@ class HeadlessDesktop : public Desktop {
   Long Now = 1000000;                ///< the tick count
   Long MillisecondsPerDelivery = 0;  ///< how far each delivery moves the tick count, before anything else
   TwipRatio Twips;
+  MapRegistry StoredRegistry;
   std::string Today = "03/14/26";
   ScreenPoint Pointer;
   bool KeepFrames = false;                   ///< collect Frames
@@ -89,20 +87,12 @@ class HeadlessDesktop : public Desktop {
   std::string ProgramFolder() override { return programFolder_; }
   VersionInfo Version() override;
   void UpdateFile(const std::string& path, const FileContent& content) override;
-
-  Long RegistryOpen(RegistryKey hive, const std::string& name, std::uint32_t access, RegistryKey& key) override;
-  Long RegistryCreate(RegistryKey hive, const std::string& name, std::uint32_t access, RegistryKey& key) override;
-  Long RegistryQuery(RegistryKey key, const std::string& name, std::uint32_t& type, void* data,
-                     std::uint32_t& size) override;
-  Long RegistrySet(RegistryKey key, const std::string& name, std::uint32_t type, const void* data,
-                   std::uint32_t size) override;
-  Long RegistryClose(RegistryKey key) override;
+  Registry& SystemRegistry() override { return StoredRegistry; }
 
  private:
   void RunTimers();
 
   std::string programFolder_;
-  std::unique_ptr<RegistryFile> registry_;
   std::vector<Form*> shown_;  // innermost last
 };
 

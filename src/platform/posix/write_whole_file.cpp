@@ -239,8 +239,6 @@ void WriteTarget(const fs::path& target, std::string_view bytes) {
 
 }  // namespace
 
-bool IsWritableFile(const std::string& path) { return IsWritable(path); }
-
 void WriteWholeFile(const std::string& path, std::string_view bytes) { WriteTarget(FollowLinks(path), bytes); }
 
 void UpdateFile(const std::string& path, const FileContent& content) {

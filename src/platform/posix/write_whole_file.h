@@ -22,7 +22,4 @@ void WriteWholeFile(const std::string& path, std::string_view bytes);
 /// programs in this function. One that holds the lock for seconds is not waited for, nor a folder that has no locks.
 void UpdateFile(const std::string& path, const FileContent& content);
 
-/// True when the path leads to a plain file that has a write bit and that this user may write.
-bool IsWritableFile(const std::string& path);
-
 }  // namespace sorvex

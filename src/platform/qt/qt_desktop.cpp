@@ -28,6 +28,7 @@
 #include "platform/qt/built_ins.h"
 #include "platform/qt/form_window.h"
 #include "platform/qt/images.h"
+#include "platform/qt/stored_registry.h"
 #include "platform/qt/text.h"
 #include "platform/version.h"
 
@@ -86,7 +87,7 @@ class QtDesktop::SessionEnd final : public QObject {
 QtDesktop::QtDesktop(int& argc, char** argv)
     : application_(argc, argv),
       handlers_([this] { Sync(); }),
-      registry_(DefaultRegistryPath()),
+      registry_(MakeStoredRegistry()),
       sessionEnd_(std::make_unique<SessionEnd>(*this)),
       signals_([this] { EndSession(); }) {
   patience_.setSingleShot(true);
@@ -262,26 +263,6 @@ VersionInfo QtDesktop::Version() {
 }
 
 void QtDesktop::UpdateFile(const std::string& path, const FileContent& content) { sorvex::UpdateFile(path, content); }
-
-Long QtDesktop::RegistryOpen(RegistryKey hive, const std::string& name, std::uint32_t access, RegistryKey& key) {
-  return registry_.Open(hive, name, access, key);
-}
-
-Long QtDesktop::RegistryCreate(RegistryKey hive, const std::string& name, std::uint32_t access, RegistryKey& key) {
-  return registry_.Create(hive, name, access, key);
-}
-
-Long QtDesktop::RegistryQuery(RegistryKey key, const std::string& name, std::uint32_t& type, void* data,
-                              std::uint32_t& size) {
-  return registry_.Query(key, name, type, data, size);
-}
-
-Long QtDesktop::RegistrySet(RegistryKey key, const std::string& name, std::uint32_t type, const void* data,
-                            std::uint32_t size) {
-  return registry_.Set(key, name, type, data, size);
-}
-
-Long QtDesktop::RegistryClose(RegistryKey key) { return registry_.Close(key); }
 
 std::unique_ptr<Desktop> MakeDesktop(int& argc, char** argv) { return std::make_unique<QtDesktop>(argc, argv); }
 

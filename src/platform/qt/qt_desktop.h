@@ -11,7 +11,6 @@
 
 #include "platform/desktop.h"
 #include "platform/handlers.h"
-#include "platform/posix/registry_file.h"
 #include "platform/qt/sounds.h"
 #include "platform/qt/termination_signals.h"
 
@@ -47,14 +46,7 @@ class QtDesktop final : public Desktop {
   std::string ProgramFolder() override;
   VersionInfo Version() override;
   void UpdateFile(const std::string& path, const FileContent& content) override;
-
-  Long RegistryOpen(RegistryKey hive, const std::string& name, std::uint32_t access, RegistryKey& key) override;
-  Long RegistryCreate(RegistryKey hive, const std::string& name, std::uint32_t access, RegistryKey& key) override;
-  Long RegistryQuery(RegistryKey key, const std::string& name, std::uint32_t& type, void* data,
-                     std::uint32_t& size) override;
-  Long RegistrySet(RegistryKey key, const std::string& name, std::uint32_t type, const void* data,
-                   std::uint32_t size) override;
-  Long RegistryClose(RegistryKey key) override;
+  Registry& SystemRegistry() override { return *registry_; }
 
  private:
   class SessionEnd;
@@ -73,7 +65,7 @@ class QtDesktop final : public Desktop {
   std::vector<std::unique_ptr<ShownForm>> shown_;  // innermost last
   QTimer patience_;                                // ends a wait for events
   Sounds sounds_;
-  RegistryFile registry_;
+  std::unique_ptr<Registry> registry_;
   std::unique_ptr<SessionEnd> sessionEnd_;
   TerminationSignals signals_;
 };

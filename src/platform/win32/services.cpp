@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Clock, pointer, sounds, addresses, date, folder, registry.
+// Clock, pointer, sounds, addresses, date, folder.
 #include "platform/win32/services.h"
 
 #include <windows.h>
@@ -14,10 +14,6 @@
 
 namespace sorvex {
 namespace {
-
-// Windows keeps its handles within 32 bits, sign-extended where a pointer has 64.
-HKEY ToNative(RegistryKey key) { return reinterpret_cast<HKEY>(static_cast<INT_PTR>(static_cast<int>(key))); }
-RegistryKey FromNative(HKEY key) { return static_cast<RegistryKey>(reinterpret_cast<UINT_PTR>(key)); }
 
 // The path for the functions that take 8-bit text: by its short name where the encoding lacks one of its letters.
 std::string AnsiPath(const std::string& path) {
@@ -79,42 +75,5 @@ std::string ProgramFolder() {
   // Of a drive's root the separator is part.
   return FromWide(path.substr(0, end == 2 ? end + 1 : end));
 }
-
-Long RegistryOpen(RegistryKey hive, const std::string& name, std::uint32_t access, RegistryKey& key) {
-  HKEY opened = ToNative(key);
-  const LSTATUS status = ::RegOpenKeyExA(ToNative(hive), ToAnsi(name).c_str(), 0, access, &opened);
-  key = FromNative(opened);
-  return status;
-}
-
-Long RegistryCreate(RegistryKey hive, const std::string& name, std::uint32_t access, RegistryKey& key) {
-  HKEY created = ToNative(key);
-  DWORD disposition = 0;
-  const LSTATUS status = ::RegCreateKeyExA(ToNative(hive), ToAnsi(name).c_str(), 0, nullptr, REG_OPTION_NON_VOLATILE,
-                                           access, nullptr, &created, &disposition);
-  key = FromNative(created);
-  return status;
-}
-
-Long RegistryQuery(RegistryKey key, const std::string& name, std::uint32_t& type, void* data, std::uint32_t& size) {
-  DWORD storedType = type;
-  DWORD bytes = size;
-  const LSTATUS status =
-      ::RegQueryValueExA(ToNative(key), ToAnsi(name).c_str(), nullptr, &storedType, static_cast<BYTE*>(data), &bytes);
-  type = storedType;
-  size = bytes;
-  return status;
-}
-
-Long RegistrySet(RegistryKey key, const std::string& name, std::uint32_t type, const void* data, std::uint32_t size) {
-  const auto* given = static_cast<const char*>(data);
-  std::string bytes = type == kRegSz ? ToAnsi(given) : std::string(given, size);
-  bytes.resize(size);
-  bytes += '.';  // a zero right behind a text that has none would be stored with it
-  return ::RegSetValueExA(ToNative(key), ToAnsi(name).c_str(), 0, type, reinterpret_cast<const BYTE*>(bytes.data()),
-                          size);
-}
-
-Long RegistryClose(RegistryKey key) { return ::RegCloseKey(ToNative(key)); }
 
 }  // namespace sorvex

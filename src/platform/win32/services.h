@@ -2,7 +2,6 @@
 // The surroundings as Windows has them: each function is its namesake of the desktop (platform/desktop.h).
 #pragma once
 
-#include <cstdint>
 #include <string>
 
 #include "base/numbers.h"
@@ -18,11 +17,5 @@ std::string ShortDate();
 std::string ProgramFolder();
 /// The executable's full path, also one longer than MAX_PATH.
 std::wstring ProgramPath();
-
-Long RegistryOpen(RegistryKey hive, const std::string& name, std::uint32_t access, RegistryKey& key);
-Long RegistryCreate(RegistryKey hive, const std::string& name, std::uint32_t access, RegistryKey& key);
-Long RegistryQuery(RegistryKey key, const std::string& name, std::uint32_t& type, void* data, std::uint32_t& size);
-Long RegistrySet(RegistryKey key, const std::string& name, std::uint32_t type, const void* data, std::uint32_t size);
-Long RegistryClose(RegistryKey key);
 
 }  // namespace sorvex

@@ -162,26 +162,6 @@ void Win32Desktop::UpdateFile(const std::string& path, const FileContent& conten
   sorvex::UpdateFile(path, content);
 }
 
-Long Win32Desktop::RegistryOpen(RegistryKey hive, const std::string& name, std::uint32_t access, RegistryKey& key) {
-  return sorvex::RegistryOpen(hive, name, access, key);
-}
-
-Long Win32Desktop::RegistryCreate(RegistryKey hive, const std::string& name, std::uint32_t access, RegistryKey& key) {
-  return sorvex::RegistryCreate(hive, name, access, key);
-}
-
-Long Win32Desktop::RegistryQuery(RegistryKey key, const std::string& name, std::uint32_t& type, void* data,
-                                 std::uint32_t& size) {
-  return sorvex::RegistryQuery(key, name, type, data, size);
-}
-
-Long Win32Desktop::RegistrySet(RegistryKey key, const std::string& name, std::uint32_t type, const void* data,
-                               std::uint32_t size) {
-  return sorvex::RegistrySet(key, name, type, data, size);
-}
-
-Long Win32Desktop::RegistryClose(RegistryKey key) { return sorvex::RegistryClose(key); }
-
 std::unique_ptr<Desktop> MakeDesktop(int& /*argc*/, char** /*argv*/) { return std::make_unique<Win32Desktop>(); }
 
 }  // namespace sorvex

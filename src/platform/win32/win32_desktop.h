@@ -11,6 +11,7 @@
 #include "platform/handlers.h"
 #include "platform/win32/form_window.h"
 #include "platform/win32/pictures.h"
+#include "platform/win32/registry.h"
 
 namespace sorvex {
 
@@ -39,14 +40,7 @@ class Win32Desktop final : public Desktop {
   std::string ProgramFolder() override;
   VersionInfo Version() override;
   void UpdateFile(const std::string& path, const FileContent& content) override;
-
-  Long RegistryOpen(RegistryKey hive, const std::string& name, std::uint32_t access, RegistryKey& key) override;
-  Long RegistryCreate(RegistryKey hive, const std::string& name, std::uint32_t access, RegistryKey& key) override;
-  Long RegistryQuery(RegistryKey key, const std::string& name, std::uint32_t& type, void* data,
-                     std::uint32_t& size) override;
-  Long RegistrySet(RegistryKey key, const std::string& name, std::uint32_t type, const void* data,
-                   std::uint32_t size) override;
-  Long RegistryClose(RegistryKey key) override;
+  Registry& SystemRegistry() override { return registry_; }
 
  private:
   FormWindow* Find(const Form* form) const;
@@ -58,6 +52,7 @@ class Win32Desktop final : public Desktop {
   void WaitInBox(const std::function<void(HWND owner)>& show);
 
   OleSession ole_;
+  Win32Registry registry_;
   Handlers handlers_{[this] { Sync(); }};
   std::vector<std::unique_ptr<FormWindow>> shown_;  // innermost last
 };
