@@ -3,12 +3,13 @@
 #include "platform/headless/headless_desktop.h"
 
 #include <algorithm>
+#include <filesystem>
+#include <fstream>
 #include <utility>
 
 #include "base/text.h"
 #include "platform/headless/bmp_reader.h"
 #include "platform/input.h"
-#include "platform/posix/write_whole_file.h"
 
 namespace sorvex {
 namespace {
@@ -36,20 +37,23 @@ void HeadlessDesktop::Show(Form& form, Form* /*owner*/) {
   while (form.Loaded) DeliverEvents();
 }
 
-void HeadlessDesktop::DeliverEvents(int /*patience*/) {
+void HeadlessDesktop::DeliverEvents(int patience) {
   ++Deliveries;
+  Patience = patience;
   Now += MillisecondsPerDelivery;
-  RunTimers();
-  if (shown_.empty()) return;
-  if (Script.empty()) throw ScriptEnded{};
-  const std::function<void()> step = std::move(Script.front());
-  Script.pop_front();
-  step();
+  handlers_.Serve([this] {
+    RunTimers();
+    if (shown_.empty() || handlers_.Leaving()) return;
+    if (Script.empty()) throw ScriptEnded{};
+    const std::function<void()> step = std::move(Script.front());
+    Script.pop_front();
+    handlers_.Run(step);
+  });
 }
 
 void HeadlessDesktop::RunTimers() {
   const std::vector<Form*> forms = shown_;
-  for (Form* form : forms) RunDueTimers(*form, Now);
+  for (Form* form : forms) handlers_.Run([form, this] { RunDueTimers(*form, Now); });
 }
 
 void HeadlessDesktop::Refresh(PictureBox& surface, std::span<const Rectangle> /*changed*/) {
@@ -60,8 +64,10 @@ void HeadlessDesktop::Refresh(PictureBox& surface, std::span<const Rectangle> /*
 void HeadlessDesktop::ShowMessage(const std::string& text, const std::string& title, BoxIcon icon) {
   const Box box{text, title, icon};
   Boxes.push_back(box);
-  if (WhileBoxOpen) WhileBoxOpen(box);
-  RunTimers();
+  handlers_.Serve([&] {
+    if (WhileBoxOpen) handlers_.Run([&] { WhileBoxOpen(box); });
+    RunTimers();
+  });
 }
 
 std::string HeadlessDesktop::InputBox(const std::string& prompt, const std::string& title) {
@@ -107,11 +113,12 @@ VersionInfo HeadlessDesktop::Version() {
 }
 
 void HeadlessDesktop::UpdateFile(const std::string& path, const FileContent& content) {
-  sorvex::UpdateFile(path, [&] {
-    std::optional<std::string> bytes = content();
-    if (WriteFailure) throw *WriteFailure;
-    return bytes;
-  });
+  const std::optional<std::string> bytes = content();
+  if (WriteFailure) throw *WriteFailure;
+  if (!bytes) return;
+  std::ofstream file(std::filesystem::path(std::u8string(path.begin(), path.end())), std::ios::binary);
+  file << *bytes;
+  if (!file.flush()) throw PathAccessError();
 }
 
 }  // namespace sorvex

@@ -12,6 +12,7 @@
 #include "base/bitmap.h"
 #include "base/runtime_error.h"
 #include "platform/desktop.h"
+#include "platform/handlers.h"
 #include "platform/map_registry.h"
 
 namespace sorvex {
@@ -65,6 +66,7 @@ class HeadlessDesktop : public Desktop {
   int FramesShown = 0;
   std::vector<Bitmap> Frames;  ///< with KeepFrames: every image that was shown
   int Deliveries = 0;
+  int Patience = 0;  ///< how long the last of them might have waited, milliseconds
 
   void Show(Form& form, Form* owner) override;
   void DeliverEvents(int patience = 0) override;
@@ -93,6 +95,7 @@ class HeadlessDesktop : public Desktop {
   void RunTimers();
 
   std::string programFolder_;
+  Handlers handlers_{[] {}};
   std::vector<Form*> shown_;  // innermost last
 };
 
