@@ -1,15 +1,12 @@
 // SPDX-License-Identifier: MIT
-// Numbers, text in two encodings, and files found by name whatever their case.
+// Numbers, and text in two encodings.
 #include <gtest/gtest.h>
-#include <sys/stat.h>
 
 #include <cmath>
 
-#include "base/files.h"
 #include "base/numbers.h"
 #include "base/runtime_error.h"
 #include "base/text.h"
-#include "support/temp_folder.h"
 
 namespace sorvex {
 namespace {
@@ -58,25 +55,6 @@ TEST(Text, IsReadAsWindows1252UnlessItIsUtf8) {
       {"\xE2\x82", "\xC3\xA2\xE2\x80\x9A"},              // cut short
   };
   for (const auto& [bytes, text] : cases) EXPECT_EQ(DecodeText(bytes), text);
-}
-
-TEST(Files, AreFoundInAnotherCaseUnlessTwoCompeteAndReadWholeUpToALimit) {
-  const TempFolder folder;
-  const auto named = [&](const char* name) { return (folder.Path() / name).string(); };
-  const auto found = [&] { return FindFile(folder.Path().string(), "Theme.ini"); };
-  WriteFile(named("THEME.INI"), "a\0\r\n"s);
-  EXPECT_EQ(found(), named("THEME.INI"));
-  EXPECT_EQ(ReadFile(found(), 4), "a\0\r\n"s);
-  EXPECT_EQ(ReadFile(found(), 3), std::nullopt);
-  WriteFile(named("theme.ini"), "b");
-  EXPECT_EQ(found(), named("Theme.ini")) << "neither may be guessed at";
-  WriteFile(named("Theme.ini"), "c");
-  EXPECT_EQ(found(), named("Theme.ini"));
-  ASSERT_EQ(mkfifo(named("pipe").c_str(), 0600), 0);  // opening it would wait for ever
-  for (const std::string& none : {named("missing"), named("pipe"), folder.Path().string()}) {
-    EXPECT_FALSE(ModFileExist::FileExists(none)) << none;
-    EXPECT_EQ(ReadFile(none, 100000), std::nullopt) << none;
-  }
 }
 
 }  // namespace

@@ -26,7 +26,7 @@ class StartUp : public testing::Test {
   MapRegistry::Value& Stored() { return registry.content[kPath]["Path"]; }
 
   const TempFolder folder;
-  HeadlessDesktop desktop{folder.Path()};
+  HeadlessDesktop desktop{folder.Path().string()};
   MapRegistry& registry = desktop.StoredRegistry;
 };
 
@@ -95,7 +95,7 @@ TEST_F(StartUp, FindsKeysWhateverTheCaseAndRefusesWhatWasNotAskedFor) {
 
 TEST_F(StartUp, RecordsTheFolderOfTheCopyThatRanLastAndStoresOnlyWhatChanges) {
   WriteTheme(folder.Path(), CupTheme(1));
-  const std::string mine = folder.Path();
+  const std::string mine = folder.Path().string();
   const std::string other = mine + "/moved";
   int stores = 0;
   Long status = 0;

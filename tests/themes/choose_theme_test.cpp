@@ -39,13 +39,16 @@ class Chooser : public testing::Test {
 TEST_F(Chooser, ListsEveryFolderBesideTheProgramAndNothingElse) {
   const std::filesystem::path program = story.folder.Path() / "program";
   std::filesystem::create_directory(program / ".hidden");
-  std::filesystem::create_directory_symlink(program / "Theme1", program / "link");
-  std::filesystem::create_symlink(program / "nowhere", program / "broken link");
+  std::error_code noLinks;  // not every system lets a user make them
+  std::filesystem::create_directory_symlink(program / "Theme1", program / "link", noLinks);
+  std::filesystem::create_symlink(program / "nowhere", program / "broken link", noLinks);
   std::ofstream(program / "a file") << "no folder";
   Choose("", &frmChooseTheme::OKButton);
   story.Run();
   std::ranges::sort(listed);
-  EXPECT_EQ(listed, (std::vector<std::string>{".hidden", "Other one.v2", "Theme1", "link"}));
+  std::vector<std::string> folders{".hidden", "Other one.v2", "Theme1"};
+  if (!noLinks) folders.emplace_back("link");
+  EXPECT_EQ(listed, folders);
   EXPECT_TRUE(stayedOpen) << "OK without a selection does nothing";
 }
 

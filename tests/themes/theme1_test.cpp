@@ -16,8 +16,8 @@ namespace {
 class Theme1 : public testing::Test {
  protected:
   Theme1() {
-    std::filesystem::create_directories(story.ThemeFile(""));
-    std::filesystem::copy(SORVEX_SOURCE_FOLDER "/themes/Theme1", story.ThemeFile(""));
+    for (const auto& file : std::filesystem::directory_iterator(SORVEX_SOURCE_FOLDER "/themes/Theme1"))
+      if (file.is_regular_file()) WriteFile(story.ThemeFile(file.path().filename().string()), ReadWholeFile(file));
     story.desktop.Boxes.clear();
     story.Start().Frames(1);
     story.Run();

@@ -154,9 +154,9 @@ TEST(BitmapCheck, ComesBeforeTheSystemsReader) {
   const TempFolder folder;
   WriteTheme(folder.Path(), CupTheme(1));
   const std::filesystem::path theme = folder.Path() / "Theme1";
-  EXPECT_EQ(ReadTheme(desktop, theme).pictures.size(), 1U);
+  EXPECT_EQ(ReadTheme(desktop, theme.string()).pictures.size(), 1U);
   std::filesystem::resize_file(theme / "pM.bmp", 100);
-  EXPECT_EQ(Refusal([&] { ReadTheme(desktop, theme); }), "pM.bmp: not a bitmap that can be read");
+  EXPECT_EQ(Refusal([&] { ReadTheme(desktop, theme.string()); }), "pM.bmp: not a bitmap that can be read");
 }
 
 TEST(AThemesFiles, AreReadWithinBounds) {
@@ -166,11 +166,11 @@ TEST(AThemesFiles, AreReadWithinBounds) {
   const std::filesystem::path theme = folder.Path() / "Theme1";
   // What stands behind the pixels is neither read nor counted.
   std::filesystem::resize_file(theme / "pM.bmp", std::uintmax_t{4} << 30);
-  EXPECT_EQ(Refusal([&] { ReadTheme(desktop, theme); }), "accepted");
+  EXPECT_EQ(Refusal([&] { ReadTheme(desktop, theme.string()); }), "accepted");
   const auto refusal = [&](const char* file, const std::string& bytes) {
     const std::string before = ReadWholeFile(theme / file);
     WriteFile(theme / file, bytes);
-    const std::string reason = Refusal([&] { ReadTheme(desktop, theme); });
+    const std::string reason = Refusal([&] { ReadTheme(desktop, theme.string()); });
     WriteFile(theme / file, before);
     return reason;
   };
