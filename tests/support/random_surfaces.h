@@ -3,7 +3,9 @@
 #pragma once
 
 #include <algorithm>
+#include <cstdlib>
 #include <random>
+#include <string>
 #include <utility>
 
 #include "platform/controls.h"
@@ -19,7 +21,7 @@ class Random {
  public:
   const unsigned Seed;
 
-  explicit Random(unsigned seed = std::random_device{}()) : Seed(seed), engine_(seed) {}
+  explicit Random(unsigned seed = AnySeed()) : Seed(seed), engine_(seed) {}
 
   int Number(int from, int to) { return std::uniform_int_distribution<int>(from, to)(engine_); }
 
@@ -40,6 +42,12 @@ class Random {
   }
 
  private:
+  // A seed that a failed test printed can be played again through the environment variable SORVEX_SEED.
+  static unsigned AnySeed() {
+    const char* wanted = std::getenv("SORVEX_SEED");
+    return wanted != nullptr ? static_cast<unsigned>(std::stoul(wanted)) : std::random_device{}();
+  }
+
   std::mt19937 engine_;
 };
 
