@@ -209,6 +209,7 @@ void BenchGame(Stage& stage, const SceneDesign& design, std::size_t bareMemory) 
   const TempFolder folder;
   WriteTheme(UnseenScene(design), folder.Path() / "Theme1");
   std::filesystem::copy_file(SORVEX_PROGRAM, folder.Path() / "Sorvex");
+  std::filesystem::copy_file(SORVEX_SOUNDS, folder.Path() / std::filesystem::path(SORVEX_SOUNDS).filename());
   const Process program = stage.Start(folder.Path() / "Sorvex");
   const Rectangle client = stage.AwaitWindow("Sorvex - Theme1");
   Await([&] { return stage.player.HasFocus(stage.player.Find("Sorvex - Theme1")); },

@@ -49,6 +49,7 @@ Sitting::Sitting(TestTheme itsTheme, double itsScale)
     : theme(std::move(itsTheme)), scale(itsScale), painter_(ThemeFile(""), theme.targetX, theme.targetY) {
   WriteTheme(folder.Path() / "program", theme);
   fs::copy_file(SORVEX_PROGRAM, folder.Path() / "program/Sorvex");
+  fs::copy_file(SORVEX_SOUNDS, folder.Path() / "program" / fs::path(SORVEX_SOUNDS).filename());
   if (system == System::Windows) SetUpWine();
   const fs::path home = folder.Path() / "home";
   fs::create_directories(home / "runtime");

@@ -2,9 +2,12 @@
 // The game's sounds, recorded from a sound server of the story's own.
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <cmath>
+#include <csignal>
 #include <numbers>
 
+#include "support/wave_file.h"
 #include "window/sitting.h"
 
 namespace sorvex {
@@ -19,8 +22,12 @@ constexpr int kSlice = kRate / 50;  // 20 ms hold whole periods of every tone
 struct Tone {
   const char* file;
   int hertz;
+  WaveFile wave;
 };
-constexpr Tone kTones[] = {{"Pickup", 500}, {"LetGo", 900}, {"HitTube", 1500}, {"PutInCont", 2500}};
+const Tone kTones[] = {{"Pickup", 500, {.rate = kRate}},
+                       {"LetGo", 900, {.tag = 0xFFFE, .rate = kRate, .subFormat = 1}},
+                       {"HitTube", 1500, {.rate = kRate, .between = Chunk("LIST", "odd") + '\0'}},
+                       {"PutInCont", 2500, {.rate = kRate, .declared = 0xFFFFFFF0}}};
 
 // The loudness of one tone in a slice, by Goertzel's algorithm, as a part of the loudest there is.
 double Loudness(const char* samples, int hertz) {
@@ -54,21 +61,51 @@ Heard Listen(const std::string& recording) {
   return heard;
 }
 
-TEST(WindowSound, TheFourMomentsSoundInTurnAndCutEachOtherOff) {
-  Sitting sitting(CupTheme(2));
-  for (const Tone& tone : kTones) {  // four seconds: longer than a story lets them sound
-    const fs::path file = sitting.ThemeFile(tone.file + std::string(".wav"));
-    Process sox(
-        {"sox", "-n", "-r", "16000", "-b", "16", file, "synth", "4", "sine", std::to_string(tone.hertz), "vol", "0.3"},
-        sitting.environment);
-    ASSERT_EQ(sox.ExitCode(), 0);
+// Four seconds, longer than a story lets it sound.
+std::string SamplesOf(int hertz) {
+  std::string samples;
+  for (int i = 0; i < 4 * kRate; ++i) {
+    const double value = 0.3 * 32767 * std::sin(2 * std::numbers::pi * hertz * i / kRate);
+    samples += LittleEndian(static_cast<std::uint32_t>(static_cast<int>(value)), 2);
   }
-  const std::string socket = sitting.environment["PULSE_SERVER"].substr(5);
-  const Process server(
-      {"pulseaudio", "-n", "--daemonize=no", "--disable-shm=yes", "--exit-idle-time=-1", "-L",
-       "module-null-sink sink_name=null rate=16000 channels=1", "-L", "module-native-protocol-unix socket=" + socket},
-      sitting.environment);
-  Await([&] { return fs::exists(socket); }, [] { return std::string("no sound server"); });
+  return samples;
+}
+
+void WriteTones(const Sitting& sitting) {
+  for (const Tone& tone : kTones)
+    WriteFile(sitting.ThemeFile(tone.file + std::string(".wav")), tone.wave.With(SamplesOf(tone.hertz)));
+}
+
+// Programs can connect to it.
+struct SoundServer : Process {
+  explicit SoundServer(const Sitting& sitting)
+      : SoundServer(sitting, sitting.environment.at("PULSE_SERVER").substr(5)) {}
+
+ private:
+  SoundServer(const Sitting& sitting, const std::string& socket)
+      : Process({"pulseaudio", "-n", "--daemonize=no", "--disable-shm=yes", "--exit-idle-time=-1", "-L",
+                 "module-null-sink sink_name=null rate=16000 channels=1", "-L",
+                 "module-native-protocol-unix socket=" + socket},
+                sitting.environment) {
+    Await([&] { return fs::exists(socket); }, [] { return std::string("no sound server"); });
+  }
+};
+
+// Of the game whose last item is still to be put in, and of the program.
+void ExpectAPromptEnd(Sitting& sitting) {
+  const auto begin = std::chrono::steady_clock::now();
+  sitting.PutIn(1);
+  sitting.Answer("Sorvex");
+  EXPECT_LT(std::chrono::steady_clock::now() - begin, 4s);
+  sitting.program->Signal(SIGTERM);
+  EXPECT_TRUE(WaitUntil([&] { return !sitting.program->Runs(); }, 2s));
+  EXPECT_EQ(sitting.program->ExitCode(), 0);
+}
+
+TEST(WindowSound, TheFourMomentsSoundInTurnAndCutEachOtherOffUntilTheServerHangs) {
+  Sitting sitting(CupTheme(2));
+  WriteTones(sitting);
+  const SoundServer server(sitting);
   const fs::path file = sitting.folder.Path() / "recording";
   const Process recorder({"parec", "-d", "null.monitor", "--raw", "--format=s16le", "--rate=16000", "--channels=1",
                           "--latency-msec=20", file.string()},
@@ -105,6 +142,21 @@ TEST(WindowSound, TheFourMomentsSoundInTurnAndCutEachOtherOff) {
   sitting.Hover(270, 195);
   awaitSound("PutInCont");
   EXPECT_LE(Listen(ReadWholeFile(file)).mixedSlices, 5) << "one slice at each change may hold both sounds";
+
+  sitting.player->Release();
+  server.Signal(SIGSTOP);  // it takes connections and requests, and never answers
+  ExpectAPromptEnd(sitting);
+}
+
+TEST(WindowSound, ComesFromNoServerThatHangsFromTheStartAndNothingWaitsForIt) {
+  Sitting sitting(CupTheme(2));
+  WriteTones(sitting);
+  const SoundServer server(sitting);
+  server.Signal(SIGSTOP);
+  sitting.Open();
+  sitting.StartGame();
+  sitting.PutIn(0);
+  ExpectAPromptEnd(sitting);
 }
 
 }  // namespace

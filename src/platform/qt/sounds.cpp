@@ -1,38 +1,55 @@
 // SPDX-License-Identifier: MIT
-// Loading the library that plays sounds, late and once.
+// The thread that plays sounds, and loading the library that it plays them with, late and once.
 #include "platform/qt/sounds.h"
 
 #include <dlfcn.h>
+#include <unistd.h>
 
 #include <QApplication>
+#include <atomic>
+#include <chrono>
 #include <cstdio>
-#include <utility>
+#include <cstdlib>
+#include <exception>
+
+#include "platform/qt/wave_player.h"
 
 namespace sorvex {
+namespace {
 
-Sounds::Sounds() {
-  // From the first theme's loading on; the window is painted by then.
-  constexpr int kStartUp = 100;
-  loading_.setInterval(kStartUp);
-  loading_.setSingleShot(true);
-  QObject::connect(&loading_, &QTimer::timeout, &loading_, [this] { Load(); });
+using Clock = std::chrono::steady_clock;
+using namespace std::chrono_literals;
+
+// A sound that comes later belongs to nothing that is seen.
+constexpr auto kLatest = 500ms;
+
+void RingBellSoon() {
+  QMetaObject::invokeMethod(
+      qApp, [] { QApplication::beep(); }, Qt::QueuedConnection);
 }
 
-void Sounds::Prepare(std::span<const std::string> paths) {
-  prepared_.assign(paths.begin(), paths.end());
-  if (player_)
-    player_->Prepare(prepared_);
-  else if (!tried_ && !loading_.isActive())
-    loading_.start();
+// Takes down nothing that a thread left behind may use.
+void LeaveProcess(int status, void* /*unused*/) {
+  std::fflush(nullptr);
+  ::_exit(status);
 }
 
-void Sounds::Play(const std::string& path) {
-  Load();
-  if (!player_ || !player_->Play(path)) QApplication::beep();
-}
+}  // namespace
 
-void Sounds::Load() {
-  if (std::exchange(tried_, true)) return;
+/// What the thread does. All but `newest` is its own.
+class Sounds::Worker final : public QObject {
+ public:
+  void Load();
+  void Prepare(std::span<const std::string> paths);
+  void Play(const std::string& path, int request, Clock::time_point asked);
+
+  std::atomic<int> newest = 0;  // request; older ones are superseded
+
+ private:
+  std::unique_ptr<WavePlayer> player_;  // null: not loaded
+};
+
+void Sounds::Worker::Load() {
   // It stays loaded: its code runs to the very end.
   void* library = ::dlopen("libsorvex-sounds.so", RTLD_NOW);
   void* make = library == nullptr ? nullptr : ::dlsym(library, "MakeSorvexWavePlayer");
@@ -41,7 +58,65 @@ void Sounds::Load() {
     return;
   }
   player_.reset(reinterpret_cast<decltype(&MakeSorvexWavePlayer)>(make)());
-  player_->Prepare(prepared_);
+}
+
+// Memory may be too short for a file; nothing else is the thread's to report.
+void Sounds::Worker::Prepare(std::span<const std::string> paths) try {
+  if (player_) player_->Prepare(paths);
+} catch (const std::exception&) {
+}
+
+void Sounds::Worker::Play(const std::string& path, int request, Clock::time_point asked) try {
+  if (request != newest || Clock::now() - asked > kLatest) return;
+  if ((!player_ || !player_->Play(path)) && request == newest) RingBellSoon();
+} catch (const std::exception&) {
+  RingBellSoon();
+}
+
+Sounds::Sounds() : thread_(std::make_unique<QThread>()), worker_(new Worker) {
+  worker_->moveToThread(thread_.get());
+  QObject::connect(thread_.get(), &QThread::finished, worker_, &QObject::deleteLater);
+  QMetaObject::invokeMethod(worker_, &Worker::Load, Qt::QueuedConnection);
+  // From the first theme's loading on; the window is painted by then.
+  constexpr auto kStartUp = 100ms;
+  starting_.setInterval(kStartUp);
+  starting_.setSingleShot(true);
+  QObject::connect(&starting_, &QTimer::timeout, &starting_, [this] { Start(); });
+}
+
+Sounds::~Sounds() {
+  constexpr unsigned long kPatience = 100;  // milliseconds; more than it takes unless the sound server hangs
+  if (!thread_->isRunning()) {
+    delete worker_;
+    return;
+  }
+  ++worker_->newest;
+  thread_->quit();
+  if (thread_->wait(kPatience)) return;
+  static_cast<void>(thread_.release());
+  ::on_exit(&LeaveProcess, nullptr);
+}
+
+void Sounds::Prepare(std::span<const std::string> paths) {
+  if (!thread_->isRunning() && !starting_.isActive()) starting_.start();
+  QMetaObject::invokeMethod(
+      worker_, [worker = worker_, copy = std::vector(paths.begin(), paths.end())] { worker->Prepare(copy); },
+      Qt::QueuedConnection);
+}
+
+void Sounds::Play(const std::string& path) {
+  Start();
+  QMetaObject::invokeMethod(
+      worker_,
+      [worker = worker_, path, request = ++worker_->newest, asked = Clock::now()] {
+        worker->Play(path, request, asked);
+      },
+      Qt::QueuedConnection);
+}
+
+void Sounds::Start() {
+  starting_.stop();
+  if (!thread_->isRunning()) thread_->start();
 }
 
 }  // namespace sorvex

@@ -6,19 +6,53 @@
 #include <QAudioFormat>
 #include <QAudioSink>
 #include <QByteArray>
-#include <QDateTime>
-#include <QFile>
-#include <QFileInfo>
 #include <QMediaDevices>
 #include <QTimer>
-#include <QWaveDecoder>
 #include <algorithm>
+#include <filesystem>
 #include <map>
 #include <memory>
 #include <string>
 
+#include "base/files.h"
+#include "base/limits.h"
+#include "base/wave.h"
+
 namespace sorvex {
 namespace {
+
+namespace fs = std::filesystem;
+
+struct Sound {
+  fs::file_time_type changed;
+  std::uintmax_t size = 0;
+  QAudioFormat format;  ///< invalid when the file cannot be played
+  QByteArray samples;
+};
+
+// The device knows no 24 bits.
+QAudioFormat::SampleFormat FormatOf(SampleKind kind) {
+  switch (kind) {
+    case SampleKind::Unsigned8: return QAudioFormat::UInt8;
+    case SampleKind::Signed16: return QAudioFormat::Int16;
+    case SampleKind::Signed24:
+    case SampleKind::Signed32: return QAudioFormat::Int32;
+    case SampleKind::Float32: return QAudioFormat::Float;
+  }
+  return QAudioFormat::Unknown;
+}
+
+QByteArray Widened(std::string_view samples) {
+  QByteArray wide(static_cast<qsizetype>(samples.size() / 3 * 4), '\0');
+  char* to = wide.data();
+  for (; !samples.empty(); samples.remove_prefix(3), to += 4) std::copy_n(samples.data(), 3, to + 1);
+  return wide;
+}
+
+QByteArray SamplesOf(const Wave& wave) {
+  if (wave.kind == SampleKind::Signed24) return Widened(wave.samples);
+  return {wave.samples.data(), static_cast<qsizetype>(wave.samples.size())};
+}
 
 class AudioPlayer final : public WavePlayer {
  public:
@@ -28,17 +62,10 @@ class AudioPlayer final : public WavePlayer {
   bool Play(const std::string& path) override;
 
  private:
-  struct Wave {
-    QDateTime changed;
-    qint64 size = 0;
-    QAudioFormat format;  ///< invalid when the file cannot be played
-    QByteArray samples;
-  };
-
-  const Wave* Load(const std::string& path);
+  const Sound* Load(const std::string& path);
   void Feed();
 
-  std::map<std::string, Wave> waves_;
+  std::map<std::string, Sound> sounds_;
   std::unique_ptr<QAudioSink> sink_;
   QIODevice* device_ = nullptr;  // takes the samples of what plays
   QByteArray samples_;
@@ -55,7 +82,7 @@ AudioPlayer::AudioPlayer() {
 }
 
 void AudioPlayer::Prepare(std::span<const std::string> paths) {
-  std::erase_if(waves_, [&](const auto& wave) { return std::ranges::find(paths, wave.first) == paths.end(); });
+  std::erase_if(sounds_, [&](const auto& sound) { return std::ranges::find(paths, sound.first) == paths.end(); });
   for (const std::string& path : paths) Load(path);
 }
 
@@ -63,48 +90,47 @@ bool AudioPlayer::Play(const std::string& path) {
   feeder_.stop();
   if (sink_) {
     sink_->reset();
-    // Its destructor delivers events, and no handler may run inside the one that plays a sound.
-    QTimer::singleShot(0, [cutOff = sink_.release()] { delete cutOff; });
+    // Its destructor delivers events, and with them may play the next sound.
+    sink_.release()->deleteLater();
   }
-  const Wave* wave = Load(path);
-  if (wave == nullptr || !wave->format.isValid()) return false;
+  const Sound* sound = Load(path);
+  if (sound == nullptr || !sound->format.isValid()) return false;
   const QAudioDevice output = QMediaDevices::defaultAudioOutput();
   if (output.isNull()) return true;
-  sink_ = std::make_unique<QAudioSink>(output, wave->format);
-  sink_->setBufferSize(wave->samples.size());
+  sink_ = std::make_unique<QAudioSink>(output, sound->format);
   device_ = sink_->start();
-  samples_ = wave->samples;
+  samples_ = sound->samples;
   taken_ = 0;
+  feeder_.start();
   Feed();
   return true;
 }
 
-// Null when there is no such file.
-const AudioPlayer::Wave* AudioPlayer::Load(const std::string& path) {
-  const QFileInfo info(QFile::decodeName(QByteArray::fromStdString(path)));
-  if (!info.isFile()) return nullptr;
-  Wave& wave = waves_[path];
-  if (wave.changed == info.lastModified() && wave.size == info.size()) return &wave;
-  wave = {info.lastModified(), info.size(), {}, {}};
-  QFile file(info.absoluteFilePath());
-  QWaveDecoder decoder(&file);
-  if (!file.open(QIODevice::ReadOnly) || !decoder.open(QIODevice::ReadOnly)) return &wave;
-  wave.format = decoder.audioFormat();
-  wave.samples = decoder.readAll();
-  return &wave;
+void AudioPlayer::Feed() {
+  const qint64 room = std::min<qint64>(sink_->bytesFree(), samples_.size() - taken_);
+  if (room > 0 && device_ != nullptr)
+    taken_ += std::max<qint64>(device_->write(samples_.constData() + taken_, room), 0);
+  if (taken_ == samples_.size() || sink_->error() != QAudio::NoError) feeder_.stop();
 }
 
-void AudioPlayer::Feed() {
-  // At first as much as any sound server holds, though it may claim less: so the sound plays on while a slide or a box
-  // keeps the program busy.
-  constexpr qint64 kAtFirst = 1 << 20;
-  const qint64 room = std::min<qint64>(taken_ == 0 ? kAtFirst : sink_->bytesFree(), samples_.size() - taken_);
-  const qint64 taken = room > 0 && device_ != nullptr ? device_->write(samples_.constData() + taken_, room) : 0;
-  taken_ += std::max<qint64>(taken, 0);
-  if (taken_ == samples_.size() || sink_->error() != QAudio::NoError)
-    feeder_.stop();
-  else if (!feeder_.isActive())
-    feeder_.start();
+// Null when there is no such file.
+const Sound* AudioPlayer::Load(const std::string& path) {
+  std::error_code changeUnknown;
+  std::error_code sizeUnknown;
+  const fs::file_time_type changed = fs::last_write_time(path, changeUnknown);
+  const std::uintmax_t size = fs::file_size(path, sizeUnknown);
+  if (changeUnknown || sizeUnknown) return nullptr;
+  Sound& sound = sounds_[path];
+  if (sound.changed == changed && sound.size == size) return &sound;
+  sound = {changed, size, {}, {}};
+  const std::optional<std::string> bytes = ReadFile(path, kLargestSound);
+  const std::optional<Wave> wave = bytes ? ReadWave(*bytes) : std::nullopt;
+  if (!wave) return &sound;
+  sound.format.setSampleFormat(FormatOf(wave->kind));
+  sound.format.setChannelCount(wave->channels);
+  sound.format.setSampleRate(wave->sampleRate);
+  sound.samples = SamplesOf(*wave);
+  return &sound;
 }
 
 }  // namespace

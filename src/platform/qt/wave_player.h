@@ -7,7 +7,8 @@
 
 namespace sorvex {
 
-/// Plays wave files without waiting; a new sound cuts off the one that plays.
+/// Plays wave files without waiting for their end; a new sound cuts off the one that plays. It lives on one thread,
+/// whose event loop feeds the audio device, and waits for the sound server there.
 class WavePlayer {
  public:
   virtual ~WavePlayer() = default;
