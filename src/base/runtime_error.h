@@ -2,6 +2,7 @@
 // The errors a player may be shown: a number and the words that go with it.
 #pragma once
 
+#include <new>
 #include <stdexcept>
 #include <string>
 
@@ -29,6 +30,17 @@ inline RuntimeError PathAccessError() { return {75, "Path/File access error"}; }
 inline RuntimeError PathNotFound() { return {76, "Path not found"}; }
 inline RuntimeError NoSuchElement(int index) {
   return {340, "Control array element '" + std::to_string(index) + "' doesn't exist"};
+}
+
+/// The error that is being handled: that memory ran out is one too. Anything else is thrown on.
+inline RuntimeError CurrentError() {
+  try {
+    throw;
+  } catch (const std::bad_alloc&) {
+    return OutOfMemory();
+  } catch (const RuntimeError& error) {
+    return error;
+  }
 }
 
 }  // namespace sorvex

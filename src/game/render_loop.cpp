@@ -106,7 +106,8 @@ void RenderLoop(Game& game) {
     game.form.StopRendering = false;
     while (RunFrame(game, start) && !game.form.StopRendering) {
     }
-  } catch (const RuntimeError& error) {
+  } catch (...) {
+    const RuntimeError error = CurrentError();
     // The box takes the pointer away, which is a release: the item that was dragged stays where the error found it.
     EndDrag(game.form);
     game.desktop.ShowMessage("Error: " + std::to_string(error.Number()) + "\r\n" + error.Description() +

@@ -66,8 +66,8 @@ int RunProgram(Desktop& desktop) {
         program.form.Loaded = true;
         desktop.Show(program.form, nullptr);
         return 0;
-      } catch (const RuntimeError& error) {
-        ShowUncaught(desktop, error);
+      } catch (...) {
+        ShowUncaught(desktop, CurrentError());
       }
     }
   } catch (const ProgramEnded&) {

@@ -96,20 +96,21 @@ TEST(ClosingTheWindow, EndsTheProgramAlsoWhileAThemeLoadsOrTheNameIsAskedFor) {
 // --- errors ---
 
 TEST(AnErrorInTheLoop, IsShownAndEndsTheGameWithoutAReport) {
-  const std::function<void(Story&)> errors[] = {
-      [](Story& story) { story.state.ItemX(0) = -30000, story.state.ContX(0) = 30000; },
-      [](Story& story) { story.desktop.Now = 2147483647; },
-      [](Story& story) { story.form.PicCanvas.MouseDown(kLeftButton, 0, 40000, 0); },
+  const std::string overflow = "6\r\nOverflow";
+  const std::pair<std::function<void(Story&)>, std::string> errors[] = {
+      {[](Story& story) { story.state.ItemX(0) = -30000, story.state.ContX(0) = 30000; }, overflow},
+      {[](Story& story) { story.desktop.Now = 2147483647; }, overflow},
+      {[](Story& story) { story.form.PicCanvas.MouseDown(kLeftButton, 0, 40000, 0); }, overflow},
+      {[](Story&) { throw std::bad_alloc(); }, "7\r\nOut of memory"},
   };
-  for (const auto& error : errors) {
+  for (const auto& [error, words] : errors) {
     Story story({CupTheme(1)});
     story.desktop.Now = -2000000;
     story.Start().Then([&] { error(story); }).Frames(1);
     story.Run();
     EXPECT_EQ(
         story.desktop.Boxes,
-        (std::vector<Box>{{"Error: 6\r\nOverflow\r\nProblem in main rendering loop", "uhh oh!!", BoxIcon::Critical}}))
-        << "error " << &error - errors;
+        (std::vector<Box>{{"Error: " + words + "\r\nProblem in main rendering loop", "uhh oh!!", BoxIcon::Critical}}));
     EXPECT_TRUE(story.form.StopRendering);
     EXPECT_FALSE(story.state.GameEnded);
   }

@@ -125,10 +125,11 @@ TEST_F(StartUp, RecordsTheFolderOfTheCopyThatRanLastAndStoresOnlyWhatChanges) {
 
 TEST_F(StartUp, AnErrorOutsideAGameIsShownAndTheWindowStays) {
   WriteTheme(folder.Path(), CupTheme(1));
-  desktop.Script = {[] { throw PathAccessError(); }, [] {}, [] { throw ProgramEnded{}; }};
+  desktop.Script = {[] { throw PathAccessError(); }, [] { throw std::bad_alloc(); }, [] { throw ProgramEnded{}; }};
   EXPECT_EQ(RunProgram(desktop), 0);
   EXPECT_EQ(desktop.Boxes,
-            (std::vector<HeadlessDesktop::Box>{{"Error: 75\r\nPath/File access error", "Sorvex", BoxIcon::Critical}}));
+            (std::vector<HeadlessDesktop::Box>{{"Error: 75\r\nPath/File access error", "Sorvex", BoxIcon::Critical},
+                                               {"Error: 7\r\nOut of memory", "Sorvex", BoxIcon::Critical}}));
   EXPECT_TRUE(desktop.Script.empty()) << "the window was shown again until it was closed";
 }
 
