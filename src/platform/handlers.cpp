@@ -35,6 +35,15 @@ void Handlers::Run(const std::function<void()>& handler) {
   try {
     handler();
     afterwards_();
+  } catch (...) {
+    Failed();
+  }
+}
+
+void Handlers::Failed() {
+  if (innermost_ == nullptr) return;
+  try {
+    throw;
   } catch (const ProgramEnded&) {
     EndProgram();
   } catch (...) {

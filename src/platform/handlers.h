@@ -23,6 +23,8 @@ class Handlers {
 
   /// Runs a handler. Does nothing outside Serve, and nothing once the program has ended.
   void Run(const std::function<void()>& handler);
+  /// Keeps the exception that is being handled as one that a handler threw. Does nothing outside Serve.
+  void Failed();
 
   /// True inside Serve, where handlers may run.
   bool MayRun() const { return innermost_ != nullptr && !ended_; }

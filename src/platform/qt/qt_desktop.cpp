@@ -85,8 +85,8 @@ class QtDesktop::SessionEnd final : public QObject {
 };
 
 QtDesktop::QtDesktop(int& argc, char** argv)
-    : application_(argc, argv),
-      handlers_([this] { Sync(); }),
+    : handlers_([this] { Sync(); }),
+      application_(argc, argv, handlers_),
       registry_(MakeStoredRegistry()),
       sessionEnd_(std::make_unique<SessionEnd>(*this)),
       signals_([this] { EndSession(); }) {
@@ -102,7 +102,8 @@ QtDesktop::QtDesktop(int& argc, char** argv)
   InstallAccessibility();
 }
 
-QtDesktop::~QtDesktop() = default;
+// Fonts can be looked for only while there is an application.
+QtDesktop::~QtDesktop() { QThreadPool::globalInstance()->waitForDone(); }
 
 QtDesktop::ShownForm* QtDesktop::Find(const Form* form) const {
   const auto found = std::ranges::find_if(shown_, [form](const auto& shown) { return &shown->form == form; });

@@ -2,7 +2,6 @@
 // The desktop as Qt 6 gives it.
 #pragma once
 
-#include <QApplication>
 #include <QTimer>
 #include <functional>
 #include <memory>
@@ -11,6 +10,7 @@
 
 #include "platform/desktop.h"
 #include "platform/handlers.h"
+#include "platform/qt/application.h"
 #include "platform/qt/sounds.h"
 #include "platform/qt/termination_signals.h"
 
@@ -60,8 +60,8 @@ class QtDesktop final : public Desktop {
   void EndSession();
   QWidget* ActiveWindow() const;
 
-  QApplication application_;
   Handlers handlers_;
+  Application application_;
   std::vector<std::unique_ptr<ShownForm>> shown_;  // innermost last
   QTimer patience_;                                // ends a wait for events
   Sounds sounds_;

@@ -5,7 +5,6 @@
 #include <windowsx.h>
 
 #include <array>
-#include <exception>
 #include <utility>
 
 #include "platform/win32/built_ins.h"
@@ -72,9 +71,7 @@ void PointerArea::LosePointer() {
 
 void PointerArea::LosePointerSoon() { ::PostMessageW(Handle(), kPointerLost, 0, 0); }
 
-void PointerArea::Failed() {
-  context_.handlers.Run([error = std::current_exception()] { std::rethrow_exception(error); });
-}
+void PointerArea::Failed() { context_.handlers.Failed(); }
 
 LRESULT PointerArea::Receive(UINT message, WPARAM first, LPARAM second) {
   const POINT place{GET_X_LPARAM(second), GET_Y_LPARAM(second)};
