@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QTimer>
+#include <csignal>
 #include <cstdlib>
 #include <memory>
 #include <new>
@@ -27,6 +28,19 @@ TEST(QtDesktop, ThrowsWhatLeavesOneEventsDeliveryOnceAllEventsAreDelivered) {
   QTimer::singleShot(0, [&] { delivered = true; });
   EXPECT_THROW(desktop->DeliverEvents(0), std::bad_alloc);
   EXPECT_TRUE(delivered) << "the toolkit's own frames were not torn";
+}
+
+TEST(QtDesktop, IsEndedBySignalsButNotByThoseThatWereIgnored) {
+  std::signal(SIGHUP, SIG_IGN);
+  {
+    const auto desktop = MakeUnseenDesktop();
+    std::raise(SIGHUP);
+    EXPECT_NO_THROW(desktop->DeliverEvents(1));
+    std::raise(SIGTERM);
+    EXPECT_THROW(desktop->DeliverEvents(1000), ProgramEnded);
+  }
+  EXPECT_EQ(std::signal(SIGHUP, SIG_DFL), SIG_IGN) << "left as it was";
+  EXPECT_EQ(std::signal(SIGTERM, SIG_DFL), SIG_DFL);
 }
 
 }  // namespace

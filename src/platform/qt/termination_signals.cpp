@@ -6,7 +6,7 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <csignal>
+#include <cstddef>
 #include <utility>
 
 namespace sorvex {
@@ -24,13 +24,6 @@ extern "C" void NoteSignal(int /*number*/) {
   errno = savedErrno;
 }
 
-void SetHandler(void (*handler)(int)) {
-  struct sigaction action {};
-  action.sa_handler = handler;
-  action.sa_flags = SA_RESTART;
-  for (const int number : kSignals) ::sigaction(number, &action, nullptr);
-}
-
 }  // namespace
 
 TerminationSignals::TerminationSignals(std::function<void()> requested) {
@@ -45,12 +38,18 @@ TerminationSignals::TerminationSignals(std::function<void()> requested) {
                      while (::read(readEnd_, notes, sizeof notes) > 0) continue;
                      requested();
                    });
-  SetHandler(&NoteSignal);
+  struct sigaction action {};
+  action.sa_handler = &NoteSignal;
+  action.sa_flags = SA_RESTART;
+  for (std::size_t i = 0; i < before_.size(); ++i) {
+    ::sigaction(kSignals[i], nullptr, &before_[i]);
+    if (before_[i].sa_handler != SIG_IGN) ::sigaction(kSignals[i], &action, nullptr);
+  }
 }
 
 TerminationSignals::~TerminationSignals() {
   if (readEnd_ < 0) return;
-  SetHandler(SIG_DFL);
+  for (std::size_t i = 0; i < before_.size(); ++i) ::sigaction(kSignals[i], &before_[i], nullptr);
   notifier_.reset();
   ::close(readEnd_);
   ::close(writeEnd);

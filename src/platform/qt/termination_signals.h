@@ -3,12 +3,15 @@
 #pragma once
 
 #include <QSocketNotifier>
+#include <array>
+#include <csignal>
 #include <functional>
 #include <memory>
 
 namespace sorvex {
 
-/// While it lives, SIGTERM, SIGINT and SIGHUP make `requested` run when events are delivered next.
+/// While it lives, SIGTERM, SIGINT and SIGHUP make `requested` run when events are delivered next;
+/// those that were ignored stay so.
 class TerminationSignals {
  public:
   explicit TerminationSignals(std::function<void()> requested);
@@ -18,6 +21,7 @@ class TerminationSignals {
 
  private:
   int readEnd_ = -1;
+  std::array<struct sigaction, 3> before_{};
   std::unique_ptr<QSocketNotifier> notifier_;
 };
 
