@@ -8,8 +8,10 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <string_view>
 
+#include "base/limits.h"
 #include "platform/win32/text.h"
 
 namespace sorvex {
@@ -31,6 +33,14 @@ std::string AnsiPath(const std::string& path) {
   return ToAnsi(FromWide(name));
 }
 
+// A folder or a device, or too long: the system would read it whole.
+bool IsNoSound(const std::string& path) {
+  WIN32_FILE_ATTRIBUTE_DATA found{};
+  if (::GetFileAttributesExW(ToWide(path).c_str(), GetFileExInfoStandard, &found) == 0) return false;
+  const std::uintmax_t size = std::uintmax_t{found.nFileSizeHigh} << 32 | found.nFileSizeLow;
+  return (found.dwFileAttributes & (FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_DEVICE)) != 0 || size > kLargestSound;
+}
+
 }  // namespace
 
 Long TickCount() { return static_cast<Long>(::GetTickCount()); }
@@ -41,7 +51,11 @@ ScreenPoint PointerPosition() {
   return {place.x, place.y};
 }
 
-void PlayWave(const std::string& path) { ::sndPlaySoundA(AnsiPath(path).c_str(), SND_ASYNC); }
+void PlayWave(const std::string& path) {
+  // Where there is no such file, the system plays that default sound too.
+  const std::string sound = IsNoSound(path) ? "SystemDefault" : AnsiPath(path);
+  ::sndPlaySoundA(sound.c_str(), SND_ASYNC);
+}
 
 void OpenAddress(const std::string& address) {
   ::ShellExecuteA(nullptr, "Open", ToAnsi(address).c_str(), "", "", SW_SHOWNORMAL);
