@@ -7,6 +7,7 @@
 
 #include <cerrno>
 #include <cstddef>
+#include <iterator>
 #include <utility>
 
 namespace sorvex {
@@ -41,7 +42,7 @@ TerminationSignals::TerminationSignals(std::function<void()> requested) {
   struct sigaction action {};
   action.sa_handler = &NoteSignal;
   action.sa_flags = SA_RESTART;
-  for (std::size_t i = 0; i < before_.size(); ++i) {
+  for (std::size_t i = 0; i < std::size(kSignals); ++i) {
     ::sigaction(kSignals[i], nullptr, &before_[i]);
     if (before_[i].sa_handler != SIG_IGN) ::sigaction(kSignals[i], &action, nullptr);
   }
@@ -49,7 +50,7 @@ TerminationSignals::TerminationSignals(std::function<void()> requested) {
 
 TerminationSignals::~TerminationSignals() {
   if (readEnd_ < 0) return;
-  for (std::size_t i = 0; i < before_.size(); ++i) ::sigaction(kSignals[i], &before_[i], nullptr);
+  for (std::size_t i = 0; i < std::size(kSignals); ++i) ::sigaction(kSignals[i], &before_[i], nullptr);
   notifier_.reset();
   ::close(readEnd_);
   ::close(writeEnd);
