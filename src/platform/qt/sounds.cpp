@@ -11,6 +11,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
+#include <utility>
 
 #include "platform/qt/wave_player.h"
 
@@ -26,6 +27,19 @@ constexpr auto kLatest = 500ms;
 void RingBellSoon() {
   QMetaObject::invokeMethod(
       qApp, [] { QApplication::beep(); }, Qt::QueuedConnection);
+}
+
+// Runs the task on the worker's thread. Where memory runs out there, the bell stands for what is missing.
+template <class Task>
+void Post(QObject* worker, Task task) {
+  const auto guarded = [task = std::move(task)] {
+    try {
+      task();
+    } catch (const std::exception&) {
+      RingBellSoon();
+    }
+  };
+  QMetaObject::invokeMethod(worker, guarded, Qt::QueuedConnection);
 }
 
 // Takes down nothing that a thread left behind may use.
@@ -60,23 +74,19 @@ void Sounds::Worker::Load() {
   player_.reset(reinterpret_cast<decltype(&MakeSorvexWavePlayer)>(make)());
 }
 
-// Memory may be too short for a file; nothing else is the thread's to report.
-void Sounds::Worker::Prepare(std::span<const std::string> paths) try {
+void Sounds::Worker::Prepare(std::span<const std::string> paths) {
   if (player_) player_->Prepare(paths);
-} catch (const std::exception&) {
 }
 
-void Sounds::Worker::Play(const std::string& path, int request, Clock::time_point asked) try {
+void Sounds::Worker::Play(const std::string& path, int request, Clock::time_point asked) {
   if (request != newest || Clock::now() - asked > kLatest) return;
   if ((!player_ || !player_->Play(path)) && request == newest) RingBellSoon();
-} catch (const std::exception&) {
-  RingBellSoon();
 }
 
 Sounds::Sounds() : thread_(std::make_unique<QThread>()), worker_(new Worker) {
   worker_->moveToThread(thread_.get());
   QObject::connect(thread_.get(), &QThread::finished, worker_, &QObject::deleteLater);
-  QMetaObject::invokeMethod(worker_, &Worker::Load, Qt::QueuedConnection);
+  Post(worker_, [worker = worker_] { worker->Load(); });
   // From the first theme's loading on; the window is painted by then.
   constexpr auto kStartUp = 100ms;
   starting_.setInterval(kStartUp);
@@ -99,19 +109,14 @@ Sounds::~Sounds() {
 
 void Sounds::Prepare(std::span<const std::string> paths) {
   if (!thread_->isRunning() && !starting_.isActive()) starting_.start();
-  QMetaObject::invokeMethod(
-      worker_, [worker = worker_, copy = std::vector(paths.begin(), paths.end())] { worker->Prepare(copy); },
-      Qt::QueuedConnection);
+  Post(worker_, [worker = worker_, copy = std::vector(paths.begin(), paths.end())] { worker->Prepare(copy); });
 }
 
 void Sounds::Play(const std::string& path) {
   Start();
-  QMetaObject::invokeMethod(
-      worker_,
-      [worker = worker_, path, request = ++worker_->newest, asked = Clock::now()] {
-        worker->Play(path, request, asked);
-      },
-      Qt::QueuedConnection);
+  Post(worker_, [worker = worker_, path, request = ++worker_->newest, asked = Clock::now()] {
+    worker->Play(path, request, asked);
+  });
 }
 
 void Sounds::Start() {
