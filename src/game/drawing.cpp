@@ -109,7 +109,7 @@ void ShowFrame(Game& game, ContainerShown container) {
   else
     boxes.Add(all);
   memory.content = content;
-  memory.settled = false;  // a slide, too, shows frames that nothing was tested after
+  memory.settled.reset();  // a slide, too, shows frames that nothing was tested after
   if (!boxes.Boxes().empty()) {
     Bitmap& backBuffer = form.PicBackbuff.Drawing();
     for (const Rectangle& box : boxes.Boxes()) Compose(form, content, backBuffer, box);

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <span>
 
 #include "base/bitmap.h"
@@ -28,8 +29,13 @@ struct FrameContent {
   bool operator==(const FrameContent&) const = default;
 };
 
-/// All that the two tests read and set.
-struct TestInputs {
+/// All that drawing a frame and its two tests read, and all that the tests set.
+struct FrameState {
+  unsigned themeLoads = 0;
+  const Pixel* background = nullptr;
+  Size backgroundSize;
+  unsigned backbuffRevision = 0;
+  unsigned canvasRevision = 0;
   ItemTable table;
   Integer targetX = 0;
   Integer targetY = 0;
@@ -38,15 +44,14 @@ struct TestInputs {
   bool mouseHeld = false;
   bool dragging = false;
   Size workSize;
-  bool operator==(const TestInputs&) const = default;
+  bool operator==(const FrameState&) const = default;
 };
 
 struct FrameMemory {
   FrameContent content;  ///< what PicBackbuff shows, as long as its revision is backbuffRevision
   unsigned backbuffRevision = 0;
-  unsigned canvasRevision = 0;  ///< PicCanvas shows the same, as long as this is its revision
-  TestInputs tested;
-  bool settled = false;  ///< the tests left everything as in `tested`
+  unsigned canvasRevision = 0;        ///< PicCanvas shows the same, as long as this is its revision
+  std::optional<FrameState> settled;  ///< in which the last frame was shown and its tests changed nothing
 };
 
 /// Boxes to redo. Overlapping ones are joined.

@@ -57,27 +57,23 @@ void ReportGameOver(Game& game, double elapsed) {
   game.state.GameEnded = true;
 }
 
-TestInputs InputsNow(const Game& game) {
+FrameState StateNow(const Game& game) {
   const frmMain& form = game.form;
   const modVariables& state = game.state;
-  return {state,         state.PlainX(0), state.PlainY(0), state.CurItem,
-          state.CurCont, form.MouseHeld,  form.Dragging,   form.picCD.ScaleSize()};
-}
-
-// True when nothing that drawing or the tests read has changed since the last frame, whose tests changed nothing.
-bool WouldRepeatTheLastFrame(const Game& game) {
-  const frmMain& form = game.form;
-  const modVariables& state = game.state;
-  const FrameMemory& memory = game.frame;
-  const TestInputs& tested = memory.tested;
   const Bitmap& background = form.PicBlank.Image();
-  return memory.settled && memory.backbuffRevision == form.PicBackbuff.Revision() &&
-         memory.canvasRevision == form.PicCanvas.Revision() && memory.content.themeLoads == state.ThemeLoads &&
-         memory.content.background == background.Pixels().data() &&
-         memory.content.backgroundSize == background.Extent() && tested.currentItem == state.CurItem &&
-         tested.currentContainer == state.CurCont && tested.mouseHeld == form.MouseHeld &&
-         tested.dragging == form.Dragging && tested.targetX == state.PlainX(0) && tested.targetY == state.PlainY(0) &&
-         tested.workSize == form.picCD.ScaleSize() && tested.table == state;
+  return {.themeLoads = state.ThemeLoads,
+          .background = background.Pixels().data(),
+          .backgroundSize = background.Extent(),
+          .backbuffRevision = form.PicBackbuff.Revision(),
+          .canvasRevision = form.PicCanvas.Revision(),
+          .table = state,
+          .targetX = state.PlainX(0),
+          .targetY = state.PlainY(0),
+          .currentItem = state.CurItem,
+          .currentContainer = state.CurCont,
+          .mouseHeld = form.MouseHeld,
+          .dragging = form.Dragging,
+          .workSize = form.picCD.ScaleSize()};
 }
 
 // Milliseconds until the elapsed time shows its next hundredth.
@@ -122,13 +118,12 @@ bool GameRuns(const Game& game) {
 }
 
 bool DrawAndTestFrame(Game& game) {
-  if (WouldRepeatTheLastFrame(game)) return false;
+  if (game.frame.settled == StateNow(game)) return false;
   ShowFrame(game, ContainerShown::Yes);
-  const TestInputs before = InputsNow(game);
+  const FrameState before = StateNow(game);
   const bool touched = TestCollision(game);
   TestPlacement(game);
-  game.frame.tested = InputsNow(game);
-  game.frame.settled = !touched && game.frame.tested == before;
+  if (!touched && before == StateNow(game)) game.frame.settled = before;
   return true;
 }
 

@@ -19,7 +19,6 @@ constexpr Pixel kWorkColour = 0xFFC00000;
 constexpr int kSunken = 2;  // frames of surfaces, a side
 constexpr int kFlat = 1;
 constexpr int kLeft = 1;
-constexpr int kLockOut = 500;
 
 int Rounded(double value) { return static_cast<int>(std::nearbyint(value)); }  // halves to even
 
@@ -33,23 +32,13 @@ bool IsInside(float x, float y, int left, int top, const Bitmap& picture) {
 }  // namespace
 
 void RulesModel::Frame() {
-  EndFrame();
+  FollowUp();
   if (phase == Phase::Running) {
     ShowFrame(true);
     TestContact();
     TestPlacement();
   }
   RunTimer();
-}
-
-void RulesModel::Deliver(std::span<const RulesEvent> events) {
-  for (const RulesEvent& event : events) Handle(event);
-}
-
-std::string RulesModel::NameOf(const Bitmap& frame) {
-  const auto bytes = std::as_bytes(frame.Pixels());
-  return "frame " +
-         std::to_string(std::hash<std::string_view>{}({reinterpret_cast<const char*>(bytes.data()), bytes.size()}));
 }
 
 void RulesModel::Handle(const RulesEvent& event) {
@@ -113,7 +102,7 @@ void RulesModel::MouseUp() {
   mouseHeld = dragging = false;
 }
 
-void RulesModel::EndFrame() {
+void RulesModel::FollowUp() {
   if (std::exchange(startWanted_, false)) {
     phase = Phase::Loading;
     items = theme_.items;
@@ -126,7 +115,7 @@ void RulesModel::EndFrame() {
   } else if (phase == Phase::Running) {
     clock = NumberText((now_ - start_ + 5) / 10 / 100.0);
     if (std::ranges::any_of(items, &RulesItem::itemInPlay)) return;
-    boxes.push_back("Game Over\r\nYou took: " + clock + " seconds");
+    log.push_back("Game Over\r\nYou took: " + clock + " seconds");
     RunTimer();  // the box is modal
     phase = Phase::Idle;
   }
@@ -144,7 +133,7 @@ void RulesModel::ShowFrame(bool withContainer) {
   if (withContainer && shown.contInPlay) draw(shown.contX, shown.contY, shown.container, kSunken);
   if (frame == field) return;
   field = std::move(frame);
-  log.push_back(NameOf(field));
+  log.push_back(NameOfFrame(field));
 }
 
 void RulesModel::TestContact() {
@@ -199,8 +188,14 @@ void RulesModel::StepTowards(int targetX, int targetY) {
 }
 
 void RulesModel::RunTimer() {
-  if (!timerRuns_ || now_ - timerStarted_ < kLockOut) return;
+  if (!timerRuns_ || now_ - timerStarted_ < 500) return;
   lockedOut = timerRuns_ = false;
+}
+
+std::string NameOfFrame(const Bitmap& frame) {
+  const auto bytes = std::as_bytes(frame.Pixels());
+  const std::string_view text(reinterpret_cast<const char*>(bytes.data()), bytes.size());
+  return "frame " + std::to_string(std::hash<std::string_view>{}(text));
 }
 
 // Two limits of the procedure are not the game's and left out here: that copies end 4 pixels beyond the container's

@@ -3,7 +3,6 @@
 // nothing left out. What the game's own code is held against.
 #pragma once
 
-#include <span>
 #include <string>
 #include <utility>
 #include <vector>
@@ -28,21 +27,31 @@ struct RulesItem {
 };
 
 struct RulesTheme {
-  std::vector<RulesItem> items;  ///< at least one
   int targetX, targetY;
   Cutout target;
-  Bitmap background;  ///< as large as the field
+  Bitmap background;               ///< as large as the field
+  std::vector<RulesItem> items{};  ///< at least one
 };
 
-/// Something the player does.
+/// Something the player does. `value` is the button or the milliseconds waited.
 struct RulesEvent {
   enum class Kind { Move, Press, Release, Lose, Clock, Wait, Start } kind;
-  int value = 0;  ///< the button, the milliseconds
+  int value = 0;
   float x = 0;
   float y = 0;
 };
 
-struct RulesState {
+/// A program that was just started; its state is there to be read.
+class RulesModel {
+ public:
+  explicit RulesModel(RulesTheme theme) : theme_(std::move(theme)) {}
+
+  /// What lies between the input of two deliveries: what follows from the one, then the loading of a theme or a frame
+  /// with its two tests, and the timer, which the other begins with.
+  void Frame();
+  /// One event of a delivery's input.
+  void Handle(const RulesEvent& event);
+
   enum class Phase { Idle, Loading, Running } phase = Phase::Idle;
   std::vector<RulesItem> items;
   int curItem = 0;
@@ -52,33 +61,16 @@ struct RulesState {
   bool lockedOut = false;
   bool clockShown = false;
   std::string clock = "00.00";
-  Bitmap field;                    ///< empty before the first frame
-  std::vector<std::string> log;    ///< sounds by their names, and every frame that differs from the one before
-  std::vector<std::string> boxes;  ///< the texts of message boxes
-};
-
-class RulesModel : private RulesState {
- public:
-  /// A program that was just started and waits for its first Start.
-  explicit RulesModel(RulesTheme theme) : theme_(std::move(theme)) {}
-
-  /// What lies between the input of one event delivery and that of the next: what follows from the one, the loading of
-  /// a theme or a frame with its two tests, and the timer, which comes first in the other.
-  void Frame();
-  /// The input of one event delivery.
-  void Deliver(std::span<const RulesEvent> events);
-
-  const RulesState& Now() const { return *this; }
-  /// How the log names a frame.
-  static std::string NameOf(const Bitmap& frame);
+  Bitmap field;  ///< empty before the first frame
+  std::vector<std::string>
+      log;  ///< names of sounds and of frames unlike the one before, texts of boxes; may be emptied
 
  private:
   RulesItem& Current() { return items[static_cast<std::size_t>(curItem)]; }
-  void Handle(const RulesEvent& event);
   void MouseDown(int button, float x, float y);
   void MouseMove(float x, float y);
   void MouseUp();
-  void EndFrame();
+  void FollowUp();
   void ShowFrame(bool withContainer);
   void TestContact();
   void TestPlacement();
@@ -87,7 +79,7 @@ class RulesModel : private RulesState {
   void RunTimer();
 
   RulesTheme theme_;
-  Bitmap work_{{61, 69}};  // of the contact test; as large as the item tested before
+  Bitmap work_{{61, 69}};  // of the contact test: as large as the item tested before
   int grabX_ = 0;
   int grabY_ = 0;
   int buttons_ = 0;
@@ -97,6 +89,9 @@ class RulesModel : private RulesState {
   int now_ = 0;
   int start_ = 0;
 };
+
+/// How the log names a frame.
+std::string NameOfFrame(const Bitmap& frame);
 
 /// The contact test as raster operations have it: composes on `work`, which then takes the item mask's size, and looks
 /// for a white pixel. The item stands (dx, dy) from its container.

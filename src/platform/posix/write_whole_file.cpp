@@ -133,7 +133,7 @@ class FolderLock {
  public:
   explicit FolderLock(const fs::path& folder) : folder_(folder, O_RDONLY | O_DIRECTORY) {
     using namespace std::chrono_literals;
-    constexpr auto kPatience = 2s;
+    constexpr auto kPatience = 10s;  // a busy disk takes its time
     const auto start = std::chrono::steady_clock::now();
     while (folder_.IsOpen() && ::flock(folder_.Descriptor(), LOCK_EX | LOCK_NB) != 0 &&
            (errno == EWOULDBLOCK || errno == EINTR) && std::chrono::steady_clock::now() - start < kPatience)

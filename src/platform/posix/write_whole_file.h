@@ -19,7 +19,7 @@ namespace sorvex {
 void WriteWholeFile(const std::string& path, std::string_view bytes);
 
 /// The same with what `content` returns, nothing when it returns none, while the file's folder is locked against other
-/// programs in this function. One that holds the lock for seconds is not waited for, nor a folder that has no locks.
+/// programs in this function. One that holds the lock for 10 seconds is not waited for, nor a folder that has no locks.
 void UpdateFile(const std::string& path, const FileContent& content);
 
 }  // namespace sorvex

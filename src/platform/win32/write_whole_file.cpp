@@ -145,8 +145,8 @@ class TemporaryFile {
 class FolderLock {
  public:
   explicit FolderLock(const fs::path& folder) {
-    constexpr DWORD kStep = 5;  // milliseconds
-    constexpr DWORD kPatience = 2000;
+    constexpr DWORD kStep = 5;          // milliseconds
+    constexpr DWORD kPatience = 10000;  // a busy disk takes its time
     for (DWORD waited = 0; !TryToLock(folder) && waited < kPatience; waited += kStep) {
       // One that is being removed cannot be created again yet.
       const DWORD error = ::GetLastError();
