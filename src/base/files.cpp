@@ -39,7 +39,7 @@ std::optional<std::string> NameOf(const fs::directory_entry& entry) {
 constexpr std::string_view kTemporaryPrefix = ".sorvex-";
 
 bool IsTemporaryName(std::string_view name) {
-  return name.starts_with(kTemporaryPrefix) &&
+  return name.starts_with(kTemporaryPrefix) && name.size() > kTemporaryPrefix.size() &&
          name.substr(kTemporaryPrefix.size()).find_first_not_of("0123456789-") == std::string_view::npos;
 }
 
@@ -101,7 +101,8 @@ std::vector<std::string> FoldersIn(std::string_view folder) {
 
 bool PathExists(const std::string& path) {
   std::error_code error;
-  return fs::exists(fs::status(ToPath(path), error)) || error == std::errc::permission_denied;
+  const bool exists = fs::exists(fs::status(ToPath(path), error));
+  return exists || (error && error != std::errc::no_such_file_or_directory && error != std::errc::not_a_directory);
 }
 
 std::optional<std::string> ReadFile(const std::string& path, std::uintmax_t limit) {

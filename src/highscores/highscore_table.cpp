@@ -71,9 +71,9 @@ void SaveHighScores(Desktop& desktop, frmMain& form, const std::string& themeNam
   const std::string path = PathOf(desktop, themeName);
   desktop.UpdateFile(path, [&]() -> std::optional<std::string> {
     const std::optional<std::string> bytes = ReadFile(path, kLongestText);
-    if (!bytes && PathExists(path)) throw PathAccessError();
     if (bytes) TakeRows(desktop, form, *bytes);
     if (!change()) return std::nullopt;
+    if (!bytes && PathExists(path)) throw PathAccessError();
     std::string text = TextOf(form);
     if (text.size() > kLongestText) throw PathAccessError();
     return text;

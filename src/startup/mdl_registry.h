@@ -19,7 +19,8 @@ using Variant = std::variant<std::monostate, std::string, Long>;
 inline constexpr Long kNotHandled = -1;
 
 /// The value, nothing when it could not be read.
-Variant ReadRegistryValue(Registry& registry, RegistryKey hive, const std::string& keyName, const std::string& valueName);
+Variant ReadRegistryValue(Registry& registry, RegistryKey hive, const std::string& keyName,
+                          const std::string& valueName);
 
 /// Reads a value of type kRegSz (all its bytes, a terminating zero included) or kRegDword. On failure `value` stays as
 /// it was, except that a string which could not be fetched leaves nothing. Other types give kNotHandled.

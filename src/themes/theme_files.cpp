@@ -61,7 +61,7 @@ std::string ReadText(const std::string& folder, const std::string& name) {
   const std::string path = FindFile(folder, name);
   const std::optional<std::string> bytes = ReadFile(path, kLongestText);
   if (!bytes && ModFileExist::FileExists(path))
-    throw ThemeError(name + ": longer than the " + std::to_string(kLongestText >> 10) +
+    throw ThemeError(name + ": cannot be read, or is longer than the " + std::to_string(kLongestText >> 10) +
                      " KiB that a text file of a theme may have");
   if (!bytes) throw ThemeError(name + ": cannot be read as a text file of a theme");
   return DecodeText(*bytes);

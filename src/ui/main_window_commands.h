@@ -10,8 +10,9 @@ namespace sorvex {
 /// theme was loaded.
 bool Form_Load(Game& game);
 
-/// Loads the theme afresh and plays one game, with the theme that is on the field when none can be loaded any more. During a game it ends that game, which reports nothing, and returns; the
-/// call that played it then starts the new one, so that games never nest.
+/// Loads the theme afresh and plays one game. When no theme can be loaded any more, plays the one on the field.
+/// During a game it ends that game, which reports nothing, and returns; the call that played it then starts the new
+/// one, so that games never nest.
 void Command1_Click(Game& game);
 
 /// Shows or hides the elapsed time.

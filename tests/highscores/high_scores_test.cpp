@@ -173,6 +173,7 @@ TEST(ANewTime, NeverOverwritesATableThatCannotBeReadNorMakesOne) {
       EXPECT_EQ(error.Number(), 75);
     }
     EXPECT_EQ(ReadWholeFile(file), table);
+    EXPECT_EQ(story.Rows()[0], name + "|03/14/26|5") << "the panel keeps it";
   }
 }
 

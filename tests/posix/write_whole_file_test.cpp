@@ -119,8 +119,11 @@ TEST(WritingAFile, NeedsNoMountThatTakesAMode) {
   const std::string run = "bindfs --chmod-deny " + (folder.Path() / "real").string() + " " + mount.string();
   if (std::system((run + " 2>/dev/null").c_str()) != 0) GTEST_SKIP() << "no user file systems here";
   EXPECT_NE(::chmod((mount / "HighScores.ini").c_str(), 0600), 0);
+  ::chmod((folder.Path() / "real/HighScores.ini").c_str(), 0664);
   EXPECT_EQ(ErrorOfWriting(mount / "HighScores.ini", "new"), 0);
   EXPECT_EQ(ReadWholeFile(mount / "HighScores.ini"), "new");
+  constexpr fs::perms kReadByAll = fs::perms::owner_read | fs::perms::group_read | fs::perms::others_read;
+  EXPECT_EQ(fs::status(mount / "HighScores.ini").permissions() & kReadByAll, kReadByAll) << "others can still play";
   EXPECT_EQ(std::system(("fusermount -u " + mount.string()).c_str()), 0);
 }
 

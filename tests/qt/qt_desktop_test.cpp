@@ -9,9 +9,13 @@
 #include <new>
 
 #include "platform/desktop.h"
+#include "startup/mdl_registry.h"
+#include "support/temp_folder.h"
 
 namespace sorvex {
 namespace {
+
+using namespace std::string_literals;
 
 std::unique_ptr<Desktop> MakeUnseenDesktop() {
   static char name[] = "test";
@@ -41,6 +45,29 @@ TEST(QtDesktop, IsEndedBySignalsButNotByThoseThatWereIgnored) {
   }
   EXPECT_EQ(std::signal(SIGHUP, SIG_DFL), SIG_IGN) << "left as it was";
   EXPECT_EQ(std::signal(SIGTERM, SIG_DFL), SIG_DFL);
+}
+
+TEST(QtDesktop, KeepsTheRegistryInAFileOfItsOwnAndTouchesNoOther) {
+  const TempFolder folder;
+  ::setenv("XDG_DATA_HOME", folder.Path().c_str(), 1);
+  const std::filesystem::path file = folder.Path() / "sorvex/registry.ini";
+  const auto record = [](const std::string& path) {
+    const auto desktop = MakeUnseenDesktop();
+    Registry& registry = desktop->SystemRegistry();
+    mdlRegistry::CreateRegistryKey(registry, kLocalMachine, "Software\\Sorvex");
+    const auto before = mdlRegistry::ReadRegistryValue(registry, kLocalMachine, "Software\\Sorvex", "Path");
+    mdlRegistry::WriteRegistryValue(registry, kLocalMachine, "Software\\Sorvex", "Path", path, kRegSz);
+    return before;
+  };
+  WriteFile(file, "");
+  std::filesystem::create_directory(folder.Path() / "sorvex/registry.ini.lock");  // the toolkit's; it would wait for it
+  EXPECT_EQ(record("/opt/\xC3\xA9"), mdlRegistry::Variant());
+  EXPECT_EQ(record("/moved"), mdlRegistry::Variant("/opt/\xC3"s)) << "as many bytes as characters";
+  for (const char* notOurs : {"hello\nworld\n[mine]\na = 1, 2\n; note", "\x01\xFF no text"}) {
+    WriteFile(file, notOurs);
+    record("/elsewhere");
+    EXPECT_EQ(ReadWholeFile(file), notOurs);
+  }
 }
 
 }  // namespace

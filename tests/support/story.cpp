@@ -14,10 +14,7 @@ std::string WriteThemes(const TempFolder& folder, const std::vector<TestTheme>& 
 
 }  // namespace
 
-Story::Story(const std::vector<TestTheme>& themes)
-    : desktop(WriteThemes(folder, themes)) {
-  program.Initialize();
-}
+Story::Story(const std::vector<TestTheme>& themes) : desktop(WriteThemes(folder, themes)) { program.Initialize(); }
 
 Story& Story::Then(std::function<void()> what) {
   desktop.Script.push_back(std::move(what));

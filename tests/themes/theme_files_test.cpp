@@ -175,7 +175,7 @@ TEST(AThemesFiles, AreReadWithinBounds) {
     return reason;
   };
   EXPECT_EQ(refusal("Theme2.ini", "1,2\r\n" + std::string(64 << 10, ' ')),
-            "Theme2.ini: longer than the 64 KiB that a text file of a theme may have");
+            "Theme2.ini: cannot be read, or is longer than the 64 KiB that a text file of a theme may have");
   // Alone just under the bound, with the theme's other pictures over it.
   const std::string wide = BmpBytes(Bitmap({4000, 1}));
   std::string large = wide.substr(0, 54) + std::string(3 * 4000 * 4000, '\0');

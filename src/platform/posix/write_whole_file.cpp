@@ -167,6 +167,7 @@ void CopyAccessList(const fs::path& from, const File& to) {
   constexpr char kAttribute[] = "system.posix_acl_access";
   std::array<char, 1 << 16> list;
   const ssize_t size = ::getxattr(from.c_str(), kAttribute, list.data(), list.size());
+  if (size < 0 && errno == ENODATA) std::ignore = ::fremovexattr(to.Descriptor(), kAttribute);  // the folder's default
   if (size > 0) std::ignore = ::fsetxattr(to.Descriptor(), kAttribute, list.data(), static_cast<std::size_t>(size), 0);
 }
 
@@ -190,9 +191,15 @@ bool MeansOverwrite(int error) { return error == EACCES || error == EPERM || err
 // False when `old` has to be overwritten where it stands.
 bool ReplaceFile(const fs::path& target, const std::optional<struct stat>& old, std::string_view bytes) {
   const fs::path folder = FolderOf(target);
-  // Until it has its old permissions, what was private stays so; a new file gets what the user's umask leaves.
-  const mode_t mode = old ? S_IRUSR | S_IWUSR : S_IRUSR | S_IRGRP | S_IROTH | kAnyWriteBit;
-  std::optional<TemporaryFile> fresh = TemporaryFile::Create(folder, mode);
+  // Made with the old permission bits, for mounts that refuse to change them later; a new file gets what the user's
+  // umask leaves.
+  const mode_t anybody = S_IRUSR | S_IRGRP | S_IROTH | kAnyWriteBit;
+  const mode_t umaskBefore = ::umask(0);
+  std::optional<TemporaryFile> fresh =
+      TemporaryFile::Create(folder, old ? old->st_mode & kPermissionBits : anybody & ~umaskBefore);
+  const int error = errno;
+  ::umask(umaskBefore);
+  errno = error;
   if (fresh) {
     fresh->Content().WriteFromStart(bytes);
     if (old) TakeOwnerAndMode(fresh->Content(), target, *old);

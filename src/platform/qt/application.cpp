@@ -7,12 +7,11 @@
 namespace sorvex {
 
 bool Application::notify(QObject* receiver, QEvent* event) {
-  // Other threads deliver their events here too, and know no handlers.
-  if (QThread::currentThread() != thread()) return QApplication::notify(receiver, event);
   try {
     return QApplication::notify(receiver, event);
   } catch (...) {
-    handlers_.Failed();
+    // Other threads deliver their events here too, and know no handlers: of theirs nobody is told.
+    if (QThread::currentThread() == thread()) handlers_.Failed();
     return true;
   }
 }

@@ -2,12 +2,18 @@
 // The registry's map in an INI file, a byte array for each value: its type in 4 bytes, then its own bytes.
 #include "platform/qt/stored_registry.h"
 
+#include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QSettings>
 #include <QStandardPaths>
+#include <QTemporaryDir>
 #include <QtEndian>
+#include <algorithm>
 
+#include "base/runtime_error.h"
 #include "platform/map_registry.h"
+#include "platform/posix/write_whole_file.h"
 
 namespace sorvex {
 namespace {
@@ -19,8 +25,19 @@ QString FilePath() {
   return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + QStringLiteral("/sorvex/registry.ini");
 }
 
-// What is no plain file would have to be waited for, and ours is small.
-bool IsReadable(const QFileInfo& file) { return !file.exists() || (file.isFile() && file.size() <= 1 << 20); }
+constexpr char kHive[] = "HKEY_LOCAL_MACHINE/";
+
+// True for a file that is not there yet, and for one that holds nothing but values of a registry. What is no plain file
+// would have to be waited for, and ours is small.
+bool IsOurs(const QFileInfo& file) {
+  if (!file.exists()) return !file.isSymLink();
+  if (!file.isFile() || file.size() > 1 << 20) return false;
+  if (file.size() == 0) return true;
+  const QSettings settings(file.filePath(), QSettings::IniFormat);
+  const QStringList entries = settings.allKeys();
+  return settings.status() == QSettings::NoError && !entries.empty() &&
+         std::ranges::all_of(entries, [](const QString& entry) { return entry.startsWith(QLatin1String(kHive)); });
+}
 
 MapRegistry::Content Load(const QSettings& settings) {
   MapRegistry::Content content;
@@ -35,28 +52,44 @@ MapRegistry::Content Load(const QSettings& settings) {
   return content;
 }
 
-Long Store(const QString& path, const MapRegistry::Content& content) {
-  QSettings settings(path, QSettings::IniFormat);
-  for (const auto& [key, values] : content) {
-    for (const auto& [name, value] : values) {
-      QByteArray stored(kTypeSize, '\0');
-      qToLittleEndian(value.type, stored.data());
-      settings.setValue(QString::fromStdString(key).replace(u'\\', u'/') + u'/' + QString::fromStdString(name),
-                        stored + QByteArray::fromStdString(value.bytes));
+// The text that the toolkit makes of the content. It may write to a folder of its own only: it takes a lock beside the
+// file, and waits for it as long as somebody holds it.
+std::string TextOf(const MapRegistry::Content& content) {
+  const QTemporaryDir folder;
+  QFile file(folder.filePath(QStringLiteral("registry.ini")));
+  {
+    QSettings settings(file.fileName(), QSettings::IniFormat);
+    for (const auto& [key, values] : content) {
+      for (const auto& [name, value] : values) {
+        QByteArray stored(kTypeSize, '\0');
+        qToLittleEndian(value.type, stored.data());
+        settings.setValue(QString::fromStdString(key).replace(u'\\', u'/') + u'/' + QString::fromStdString(name),
+                          stored + QByteArray::fromStdString(value.bytes));
+      }
     }
   }
-  settings.sync();
-  return settings.status() == QSettings::NoError ? 0 : kAccessDenied;
+  return file.open(QIODevice::ReadOnly) ? file.readAll().toStdString() : std::string();
+}
+
+Long Store(const QString& path, const MapRegistry::Content& content) {
+  const std::string text = TextOf(content);
+  if (text.empty()) return kAccessDenied;
+  try {
+    QDir().mkpath(QFileInfo(path).path());
+    WriteWholeFile(QFile::encodeName(path).toStdString(), text);
+    return 0;
+  } catch (const RuntimeError&) {
+    return kAccessDenied;
+  }
 }
 
 }  // namespace
 
 std::unique_ptr<Registry> MakeStoredRegistry() {
   const QString path = FilePath();
-  const auto denied = [](const MapRegistry::Content&) { return kAccessDenied; };
-  if (!IsReadable(QFileInfo(path))) return std::make_unique<MapRegistry>(MapRegistry::Content{}, denied);
+  if (!IsOurs(QFileInfo(path)))
+    return std::make_unique<MapRegistry>(MapRegistry::Content{}, [](const auto&) { return kAccessDenied; });
   const QSettings settings(path, QSettings::IniFormat);
-  if (settings.status() != QSettings::NoError) return std::make_unique<MapRegistry>(MapRegistry::Content{}, denied);
   return std::make_unique<MapRegistry>(Load(settings),
                                        [path](const MapRegistry::Content& content) { return Store(path, content); });
 }
