@@ -132,6 +132,11 @@ CommandButton* ButtonForEscape(const Form& form) {
   return nullptr;
 }
 
+bool ClosesByEnterAndEscape(const Form& form) {
+  return std::ranges::none_of(
+      form.Controls, [](const Control* control) { return dynamic_cast<const CommandButton*>(control) != nullptr; });
+}
+
 const Command* CommandForFunctionKey(const Form& form, int key) {
   for (const Control* control : form.Controls) {
     const auto* image = dynamic_cast<const Image*>(control);

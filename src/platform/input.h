@@ -45,6 +45,8 @@ Control* NextInTabOrder(const Form& form, const Control* focus, bool forward);
 CommandButton* ButtonForEnter(const Form& form, const Control* focus);
 /// What Esc activates: the shown cancel button, null: nothing.
 CommandButton* ButtonForEscape(const Form& form);
+/// True when Enter and Esc close the form: it has no button that they could mean.
+bool ClosesByEnterAndEscape(const Form& form);
 /// What a function key (1: F1, ...) does: the command of an image, null: nothing.
 const Command* CommandForFunctionKey(const Form& form, int key);
 /// Where the focus goes when `gone`, which had it, is no longer shown: to the control before it in the tab order.

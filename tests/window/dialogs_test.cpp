@@ -92,6 +92,10 @@ TEST(WindowAbout, TheLogoFollowsTheControlledPointerAndIsBackSoonAfterTheRelease
   sitting.player->Release();
   sitting.player->Key("Control_L", false);
   EXPECT_TRUE(WaitUntil(logoAtHome, 1000ms)) << "200 ms, and what a busy machine adds";
+  sitting.Answer("About", "Escape");
+  sitting.Await("Sorvex - Theme1");
+  sitting.player->Tap("F1");
+  sitting.Answer("About", "Return");
 }
 
 }  // namespace

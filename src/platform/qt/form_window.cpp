@@ -251,12 +251,11 @@ void FormWindow::closeEvent(QCloseEvent* event) {
 void FormWindow::keyPressEvent(QKeyEvent* event) {
   if (const Command* command = CommandForFunctionKey(context_.form, event->key() - Qt::Key_F1 + 1))
     return context_.handlers.Run(command->Action);
-  const CommandButton* button = nullptr;
-  if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
-    button = ButtonForEnter(context_.form, FocusedControl());
-  else if (event->key() == Qt::Key_Escape)
-    button = ButtonForEscape(context_.form);
-  const auto widget = widgets_.find(button);
+  const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  if (!enter && event->key() != Qt::Key_Escape) return;
+  if (ClosesByEnterAndEscape(context_.form)) return Unload();
+  const auto widget =
+      widgets_.find(enter ? ButtonForEnter(context_.form, FocusedControl()) : ButtonForEscape(context_.form));
   if (widget != widgets_.end()) widget->second->Click();
 }
 

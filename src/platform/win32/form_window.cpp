@@ -307,6 +307,10 @@ bool FormWindow::TakeAccessKey(wchar_t key) {
 bool FormWindow::TakeKey(const MSG& message) {
   if (message.message == WM_SYSCHAR) return TakeAccessKey(static_cast<wchar_t>(message.wParam));
   if (message.message != WM_KEYDOWN) return false;
+  if ((message.wParam == VK_RETURN || message.wParam == VK_ESCAPE) && ClosesByEnterAndEscape(context_.form)) {
+    Unload();
+    return true;
+  }
   switch (message.wParam) {
     case VK_TAB: Focus(NextInTabOrder(context_.form, FocusedControl(), ::GetKeyState(VK_SHIFT) >= 0)); return true;
     case VK_RETURN: return ClickButton(ButtonForEnter(context_.form, FocusedControl()));
