@@ -84,7 +84,15 @@ Size ClientSize(const Form& form, TwipRatio twipsPerPixel) {
   const FrameMetrics frame = MetricsOf(form.Border);
   const int width = ToPixels(form.Width / twipsPerPixel.across);
   const int height = ToPixels(form.Height / twipsPerPixel.down);
-  return {std::max(0, width - 2 * frame.side), std::max(0, height - frame.top - frame.side)};
+  Size client{std::max(0, width - 2 * frame.side), std::max(0, height - frame.top - frame.side)};
+  if (form.Border != FormBorder::Sizable) return client;
+  for (const Control* control : form.Controls) {
+    const bool reached =
+        dynamic_cast<const CommandButton*>(control) != nullptr || dynamic_cast<const Image*>(control) != nullptr;
+    if (reached && control->Container == nullptr && control->Visible)
+      client.width = std::max(client.width, PixelBounds(*control).right);
+  }
+  return client;
 }
 
 void SetClientSize(Form& form, Size client, TwipRatio twipsPerPixel) {

@@ -255,7 +255,8 @@ struct TwipRatio {
   float down = 15;
 };
 
-/// The client area, in pixels, that follows from a form's outer size in twips.
+/// The client area to show, in pixels: what follows from the outer size in twips; in a sizable form at least as wide as
+/// its shown buttons and images reach.
 Size ClientSize(const Form& form, TwipRatio twipsPerPixel);
 /// Sets the outer size in twips so that the client area has `client` pixels.
 void SetClientSize(Form& form, Size client, TwipRatio twipsPerPixel);

@@ -41,9 +41,11 @@ TEST(MainWindow, IsLaidOutByTheFieldAndTheTwipsAtStart) {
     Size field;
     TwipRatio twips;
     float width, height, row, start, scores, about, folder;
+    int client;
   } cases[] = {
-      {{636, 250}, {15, 15}, 9950, 5025, 269, 49, 305.111F, 159, 411.111F},
-      {{316, 236}, {12, 7.5F}, 4190, 2520, 255, 59.25F, 210.639F, 169.25F, 316.639F},
+      {{636, 250}, {15, 15}, 9950, 5025, 269, 49, 305.111F, 159, 411.111F, 655},
+      {{316, 236}, {12, 7.5F}, 4190, 2520, 255, 59.25F, 210.639F, 169.25F, 316.639F, 341},
+      {{196, 150}, {15, 15}, 3350, 3525, 169, 49, 158.444F, 159, 264.444F, 288},  // as far as the folder image
   };
   for (const auto& c : cases) {
     TestTheme theme = CupTheme(1, "Next");
@@ -69,6 +71,7 @@ TEST(MainWindow, IsLaidOutByTheFieldAndTheTwipsAtStart) {
     EXPECT_NEAR(form.imgAbout.Left, c.about, .001);
     EXPECT_NEAR(form.Image2.Left, c.folder, .001);
     EXPECT_EQ(form.Image2.Top, 264);
+    EXPECT_EQ(ClientSize(form, c.twips).width, c.client);
     EXPECT_EQ(form.picHighScores.Left, 8);
   }
 }

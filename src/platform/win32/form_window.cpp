@@ -107,24 +107,12 @@ void FormWindow::SyncWindow() {
   if (background_.Take(form.BackColor)) ::InvalidateRect(Handle(), nullptr, FALSE);
   if (FormSize() == seenSize_) return;
   setSize_ = seenSize_ = FormSize();
-  requested_ = WantedClient();
+  requested_ = ClientSize(form, context_.desktop.TwipsPerPixel());
   // The client area is what counts: the frame around it is as wide as this desktop draws it.
   RECT outer{0, 0, requested_.width, requested_.height};
   ::AdjustWindowRectEx(&outer, StyleOf(form), FALSE, ExtendedStyleOf(form));
   ::SetWindowPos(Handle(), nullptr, 0, 0, outer.right - outer.left, outer.bottom - outer.top,
                  SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
-}
-
-Size FormWindow::WantedClient() const {
-  const Form& form = context_.form;
-  Size client = ClientSize(form, context_.desktop.TwipsPerPixel());
-  if (form.Border != FormBorder::Sizable) return client;
-  // At more than 120 dots per inch the button row's distances, which are twips, need more pixels than the width grants.
-  for (const Control* control : form.Controls)
-    if (control->Container == nullptr && control->Visible &&
-        (dynamic_cast<const CommandButton*>(control) != nullptr || dynamic_cast<const Image*>(control) != nullptr))
-      client.width = std::max(client.width, PixelBounds(*control).right);
-  return client;
 }
 
 void FormWindow::SyncControls() {

@@ -58,8 +58,6 @@ class FormWindow final : public PointerArea {
   };
 
   void SyncWindow();
-  /// The client area that follows from the form's size, wide enough for its buttons and images.
-  Size WantedClient() const;
   void SyncControls();
   void SyncPainted(const Control& control);
   void DropGoneControls();
