@@ -3,10 +3,12 @@
 #include <windows.h>
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <memory>
 
 #include "game/collision.h"
 #include "game/drawing.h"
+#include "platform/win32/built_ins.h"
 #include "support/random_surfaces.h"
 #include "support/raster.h"
 
@@ -43,6 +45,7 @@ class Dib {
   }
 
   Size Extent() const { return size_; }
+  HDC Context() const { return context_; }
   void Clear(Pixel fill) {
     ::GdiFlush();
     std::ranges::fill(pixels_, fill);
@@ -111,6 +114,21 @@ TEST(Gdi, DrawsThroughMasksAndCopiesFramesToTheSamePixels) {
     DrawMasked(field, x, y, picture, mask, field.Bounds());
     ASSERT_TRUE(expected.Shows(field)) << "round " << round << " at " << x << ", " << y;
   }
+}
+
+// Scaled by the system, the folder has pixels as green or red as no folder.
+TEST(Gdi, PaintsTheFolderIconInItsColoursAtASizeThatItsFileHasNot) {
+  Dib button(Size{24, 24}, 0xC0C0C0);
+  PaintBuiltIn(button.Context(), {0, 0, 24, 24}, BuiltIn::FolderIcon);
+  int yellow = 0;
+  for (int y = 0; y < 24; ++y) {
+    for (int x = 0; x < 24; ++x) {
+      const COLORREF seen = button.At(x, y);
+      EXPECT_LT(std::abs(GetRValue(seen) - GetGValue(seen)), 100) << x << ", " << y;
+      yellow += GetGValue(seen) > GetBValue(seen) + 80 ? 1 : 0;
+    }
+  }
+  EXPECT_GT(yellow, 100);
 }
 
 // The two hidden work surfaces and what the contact test does on them.

@@ -2,6 +2,7 @@
 // Resources as icons, pointer shapes and pictures.
 #include "platform/win32/built_ins.h"
 
+#include <cstddef>
 #include <map>
 #include <memory>
 #include <string_view>
@@ -39,11 +40,24 @@ bool IsIcon(BuiltIn which) {
   return which == BuiltIn::WindowIcon || which == BuiltIn::FolderIcon || which == BuiltIn::AboutIcon;
 }
 
-std::string_view BytesOf(BuiltIn which) {
-  const HRSRC resource = ::FindResourceW(nullptr, MAKEINTRESOURCEW(ResourceOf(which)), RT_RCDATA);
+std::string_view BytesOf(BuiltIn which, const wchar_t* kind = RT_RCDATA) {
+  const HRSRC resource = ::FindResourceW(nullptr, MAKEINTRESOURCEW(ResourceOf(which)), kind);
   if (resource == nullptr) return {};
   const HGLOBAL data = ::LoadResource(nullptr, resource);
   return {static_cast<const char*>(::LockResource(data)), ::SizeofResource(nullptr, resource)};
+}
+
+// The width of the icon's image that stands `size` pixels best: the smallest that is not smaller, else the largest.
+int ImageWidthFor(BuiltIn which, int size) {
+  constexpr std::size_t kHeader = 6;
+  constexpr std::size_t kEntry = 14;  // its first byte is the image's width
+  const std::string_view directory = BytesOf(which, RT_GROUP_ICON);
+  int chosen = 0;
+  for (std::size_t at = kHeader; at + kEntry <= directory.size(); at += kEntry) {
+    const int width = static_cast<unsigned char>(directory[at]);
+    if (chosen < size ? width > chosen : width >= size && width < chosen) chosen = width;
+  }
+  return chosen;
 }
 
 IconHandle LoadIconImage(BuiltIn which, int size) {
@@ -71,8 +85,7 @@ Picture BuiltInPicture(BuiltIn which) { return MakePicture(DecodePicture(BytesOf
 
 void PaintBuiltIn(HDC context, const Rectangle& place, BuiltIn which) {
   if (IsIcon(which))
-    ::DrawIconEx(context, place.left, place.top, BuiltInIcon(which, place.Width()), place.Width(), place.Height(), 0,
-                 nullptr, DI_NORMAL);
+    PaintIcon(context, place, BuiltInIcon(which, ImageWidthFor(which, place.Width())));
   else
     PaintPicture(context, place, BytesOf(which));
 }

@@ -28,7 +28,7 @@ struct ContextDeleter {
   void operator()(HDC context) const { ::DeleteDC(context); }
 };
 
-/// GDI+ for the time that the program runs: it paints a picture smaller and keeps its transparency.
+/// GDI+ for the time that the program runs: it scales a picture smoothly and keeps its transparency.
 class GdiPlus {
  public:
   GdiPlus() {
@@ -42,6 +42,14 @@ class GdiPlus {
  private:
   ULONG_PTR token_ = 0;
 };
+
+void StartGdiPlus() { static const GdiPlus session; }
+
+void Paint(HDC context, const Rectangle& place, Gdiplus::Image& image) {
+  Gdiplus::Graphics graphics(context);
+  graphics.SetInterpolationMode(Gdiplus::InterpolationModeHighQualityBicubic);
+  graphics.DrawImage(&image, place.left, place.top, place.Width(), place.Height());
+}
 
 Stream StreamOf(std::string_view bytes) {
   return Stream(::SHCreateMemStream(reinterpret_cast<const BYTE*>(bytes.data()), static_cast<UINT>(bytes.size())));
@@ -95,12 +103,16 @@ std::optional<Bitmap> DecodePicture(std::string_view bytes) {
 std::optional<Bitmap> DecodeBitmap(std::string_view bytes) { return DecodePicture(bytes); }
 
 void PaintPicture(HDC context, const Rectangle& place, std::string_view bytes) {
-  static const GdiPlus session;
+  StartGdiPlus();
   const Stream stream = StreamOf(bytes);
   Gdiplus::Image image(stream.get());
-  Gdiplus::Graphics graphics(context);
-  graphics.SetInterpolationMode(Gdiplus::InterpolationModeHighQualityBicubic);
-  graphics.DrawImage(&image, place.left, place.top, place.Width(), place.Height());
+  Paint(context, place, image);
+}
+
+void PaintIcon(HDC context, const Rectangle& place, HICON icon) {
+  StartGdiPlus();
+  Gdiplus::Bitmap image(icon);
+  Paint(context, place, image);
 }
 
 }  // namespace sorvex

@@ -29,5 +29,7 @@ std::optional<Bitmap> DecodePicture(std::string_view bytes);
 
 /// Paints a picture file stretched to `place`; what is transparent in it shows what was there.
 void PaintPicture(HDC context, const Rectangle& place, std::string_view bytes);
+/// The same for an icon's image.
+void PaintIcon(HDC context, const Rectangle& place, HICON icon);
 
 }  // namespace sorvex
