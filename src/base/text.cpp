@@ -82,6 +82,38 @@ std::string TypedLine(std::string_view text) {
   return line;
 }
 
+std::string_view Beginning(std::string_view text, std::size_t bytes) {
+  if (bytes >= text.size()) return text;
+  while (bytes > 0 && (static_cast<std::uint8_t>(text[bytes]) & 0xC0) == 0x80) --bytes;
+  return text.substr(0, bytes);
+}
+
+std::size_t FittingLength(std::string_view text, const Fits& fits) {
+  std::size_t fitting = 0;
+  std::size_t tooLong = 16;
+  while (fits(Beginning(text, tooLong))) {
+    if (tooLong >= text.size()) return text.size();
+    fitting = tooLong;
+    tooLong *= 2;
+  }
+  while (tooLong - fitting > 1) {
+    const std::size_t middle = fitting + (tooLong - fitting) / 2;
+    (fits(Beginning(text, middle)) ? fitting : tooLong) = middle;
+  }
+  return Beginning(text, fitting).size();
+}
+
+std::string CutText(std::string_view text, const Fits& fits) {
+  const std::string ellipsis = "\u2026";
+  const std::size_t length =
+      FittingLength(text, [&](std::string_view beginning) { return fits(std::string(beginning) + ellipsis); });
+  return std::string(text.substr(0, length)) + ellipsis;
+}
+
+std::string FittingText(std::string_view text, const Fits& fits) {
+  return FittingLength(text, fits) == text.size() ? std::string(text) : CutText(text, fits);
+}
+
 bool EqualIgnoringCase(std::string_view a, std::string_view b) {
   const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
   return std::ranges::equal(a, b, {}, lower, lower);

@@ -6,10 +6,14 @@
 #include <cmath>
 #include <utility>
 
+#include "base/text.h"
 #include "platform/desktop.h"
 
 namespace sorvex {
 namespace {
+
+// Bytes of a caption of one line that are measured: 254 characters have at most 762, and no window is as wide.
+constexpr std::size_t kMostMeasured = 1024;
 
 void SetDesignPicture(Desktop& desktop, PictureBox& surface) {
   const BuiltIn picture = surface.DesignPicture;
@@ -71,13 +75,22 @@ void PictureBox::Materialize() {
 void Label::SetCaption(Desktop& desktop, std::string caption) {
   if (caption == Caption) return;
   Caption = std::move(caption);
+  painted_.clear();
   if (AutoSize && IsShown(*this)) FitToText(desktop);
 }
 
 void Label::FitToText(Desktop& desktop) {
-  const Size size = desktop.MeasureText(Font, Caption, WordWrap ? ToPixels(Width) : 0);
+  const auto measure = [&](std::string_view text) {
+    return desktop.MeasureText(Font, std::string(text), WordWrap ? ToPixels(Width) : 0);
+  };
+  const Size size = measure(WordWrap ? Caption : Beginning(Caption, kMostMeasured));
   if (!WordWrap) Width = static_cast<float>(size.width);
   Height = static_cast<float>(size.height);
+  if (PaintedTo <= 0) return;
+  const auto fits = [&](std::string_view text) {
+    return text.find_first_of("\r\n") == text.npos && Left + static_cast<float>(measure(text).width) <= PaintedTo;
+  };
+  painted_ = FittingText(Caption, fits);
 }
 
 Size ClientSize(const Form& form, TwipRatio twipsPerPixel) {

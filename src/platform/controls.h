@@ -151,13 +151,20 @@ struct Label : Control {
   bool WordWrap = false;
   Alignment Align = Alignment::Left;
   sorvex::Font Font;
+  float PaintedTo = 0;  ///< above 0: what is painted is one line and ends before this place of the container
   Event Click;
 
   /// Sets the caption; an auto-size label takes its text's size, its top-left corner stays. One that is not shown does
   /// so in ShowControl: measuring its text would load its font.
   void SetCaption(Desktop& desktop, std::string caption);
-  /// Makes the label as large as its text: as high at the width it has where it wraps words.
+  /// Makes the label as large as its text: as high at the width it has where it wraps words. Finds out what of it is
+  /// painted.
   void FitToText(Desktop& desktop);
+  /// What is painted of the caption.
+  const std::string& PaintedText() const { return painted_.empty() ? Caption : painted_; }
+
+ private:
+  std::string painted_;  // empty: the whole caption
 };
 
 struct CommandButton : Control {

@@ -70,6 +70,10 @@ frmMain::frmMain() {
   for (const ButtonDesign& design : buttons) Apply(design);
   for (const ImageDesign& design : images) Apply(design);
   PicCanvas.TabIndex = 2;
+  // Each column of the panel ends before the next one begins, the last one before the panel does.
+  lblHighName(0).PaintedTo = 148;
+  lblHighDate(0).PaintedTo = 244;
+  lblHighTime(0).PaintedTo = 313;
 
   tmrChangePicBack.Name = "tmrChangePicBack";
   tmrChangePicBack.Interval = 500;

@@ -204,5 +204,30 @@ TEST(ThePanel, HasTenRowsAndIsRereadAtEveryShowing) {
   EXPECT_TRUE(form.picHighScores.Visible) << "also when a game starts";
 }
 
+TEST(ThePanel, PaintsOfAnEntryWhatItsColumnHasRoomFor) {
+  const std::pair<std::string, std::string> names[] = {
+      {"13 letters ok", "13 letters ok"},
+      {"14 letters are", "14 letters a\u2026"},
+      {"one\ntwo", "one\u2026"},  // a second line would lie on the next entry
+      {std::string(254, 'x'), std::string(12, 'x') + "\u2026"},
+      {std::string(60000, 'x'), std::string(12, 'x') + "\u2026"},
+  };
+  Story story;
+  std::string file;
+  for (const auto& [name, painted] : names) file += "\"" + name + "\",\"Monday, 3 March\",9.5\n";
+  WriteFile(story.ThemeFile("HighScores.ini"), file);
+  for (const bool shownBefore : {false, true}) {
+    story.form.cmdShowHighscores.Click();
+    for (int row = 0; row < static_cast<int>(std::size(names)); ++row) {
+      const auto& [name, painted] = names[row];
+      EXPECT_EQ(story.form.lblHighName(row).Caption, name) << shownBefore;
+      EXPECT_EQ(story.form.lblHighName(row).PaintedText(), painted) << shownBefore;
+      EXPECT_EQ(story.form.lblHighDate(row).PaintedText(), "Monday, 3 \u2026");
+    }
+    EXPECT_EQ(story.form.lblHighName(3).Width, 254 * 8);
+    EXPECT_LE(story.form.lblHighName(4).Width, 1024 * 8) << "measuring all of it would take long";
+  }
+}
+
 }  // namespace
 }  // namespace sorvex

@@ -234,7 +234,7 @@ class LabelWidget final : public Drawn<QLabel> {
       painter.fillRect(rect(), sorvex::ToQt(context_.desktop.ResolveColor(control_.BackColor)));
     painter.setFont(font());
     painter.setPen(sorvex::ToQt(context_.desktop.ResolveColor(control_.ForeColor)));
-    painter.drawText(rect(), TextFlags(control_.Align, control_.WordWrap), text());
+    painter.drawText(rect(), TextFlags(control_.Align, control_.WordWrap), sorvex::ToQt(control_.PaintedText()));
   }
 
  private:
@@ -253,7 +253,7 @@ class LabelWidget final : public Drawn<QLabel> {
     textSize_ = QSize(0, 0);
     if (!control_.AutoSize) return;
     const int wrapWidth = control_.WordWrap ? PixelBounds(control_).Width() : 0;
-    const Size size = TextSize(control_.Font, control_.Caption, wrapWidth);
+    const Size size = TextSize(control_.Font, control_.PaintedText(), wrapWidth);
     textSize_ = QSize(size.width, size.height);
   }
 

@@ -142,7 +142,7 @@ void FormWindow::SyncControls() {
 FormWindow::PaintedLook FormWindow::LookOf(const Control& control) {
   PaintedLook look{PixelBounds(control), control.Visible, {}, {}, {}, {}};
   if (const auto* label = dynamic_cast<const Label*>(&control)) {
-    look.caption = label->Caption;
+    look.text = label->PaintedText();
     look.font = label->Font;
     look.fore = label->ForeColor;
     look.back = label->BackColor;

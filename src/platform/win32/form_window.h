@@ -46,7 +46,7 @@ class FormWindow final : public PointerArea {
   struct PaintedLook {
     Rectangle bounds;
     bool visible = false;
-    std::string caption;
+    std::string text;
     Font font;
     Color fore;
     Color back;

@@ -62,7 +62,7 @@ void PaintLabel(HDC context, Desktop& desktop, const Label& label, const Rectang
   ::SelectObject(context, FontFor(label.Font));
   ::SetBkMode(context, TRANSPARENT);
   ::SetTextColor(context, ToColorRef(desktop.ResolveColor(label.ForeColor)));
-  const std::wstring text = ToWide(label.Caption);
+  const std::wstring text = ToWide(label.PaintedText());
   RECT place = ToRect(bounds);
   ::DrawTextW(context, text.data(), static_cast<int>(text.size()), &place, TextFormat(label.Align, label.WordWrap));
 }
@@ -131,7 +131,7 @@ Rectangle PaintedBounds(const Control& control) {
   const auto* label = dynamic_cast<const Label*>(&control);
   if (label == nullptr || !label->AutoSize) return bounds;
   // An auto-size label shows its whole text even before its size was set to it.
-  const Size text = TextSize(label->Font, label->Caption, label->WordWrap ? bounds.Width() : 0);
+  const Size text = TextSize(label->Font, label->PaintedText(), label->WordWrap ? bounds.Width() : 0);
   bounds.right = std::max(bounds.right, bounds.left + text.width);
   bounds.bottom = std::max(bounds.bottom, bounds.top + text.height);
   return bounds;
