@@ -64,6 +64,25 @@ TEST(WindowChooser, ShowsTheChosenThemeAtOnceAndCancelEndsAGame) {
   EXPECT_FALSE(WaitUntil([&] { return sitting.Look(field) != still; }, 500ms)) << "the game had ended";
 }
 
+TEST(WindowBoxes, FitTheScreenAtOnceHoweverLongTheirText) {
+  Sitting sitting(CupTheme(1));
+  sitting.Open();
+  for (const std::string& text : {std::string("Without a touch. "), std::string("x"), std::string("\r\n")}) {
+    std::string description;
+    while (description.size() + text.size() < 64000) description += text;
+    WriteFile(sitting.ThemeFile("ThemeDetails.ini"), "\"" + description + "\",2026\r\n");
+    sitting.Click(100, 270);  // reads it
+    sitting.AwaitField("at the start", {sitting.Rest(0)}, sitting.Cup(0));
+    const auto asked = std::chrono::steady_clock::now();
+    sitting.player->Tap("F2");
+    const Rectangle box = sitting.player->ClientArea(sitting.Await("Theme Details"));
+    EXPECT_LT(std::chrono::steady_clock::now() - asked, 5s) << "on a busy machine";
+    EXPECT_EQ(Intersection(box, {0, 0, 1280, 1000}), box);
+    sitting.Answer("Theme Details");
+    sitting.Await("Sorvex - Theme1");
+  }
+}
+
 TEST(WindowAbout, TheLogoFollowsTheControlledPointerAndIsBackSoonAfterTheRelease) {
   Sitting sitting(CupTheme(1));
   sitting.Open();

@@ -3,9 +3,14 @@
 #include "platform/qt/boxes.h"
 
 #include <QDialogButtonBox>
+#include <QFontMetrics>
 #include <QLabel>
+#include <QScreen>
 #include <QVBoxLayout>
+#include <algorithm>
+#include <string_view>
 
+#include "platform/box_text.h"
 #include "platform/qt/text.h"
 
 namespace sorvex {
@@ -26,7 +31,15 @@ QMessageBox::Icon ToQt(BoxIcon icon) {
 MessageDialog::MessageDialog(const std::string& text, const std::string& title, BoxIcon icon, QWidget* parent)
     : QMessageBox(ToQt(icon), sorvex::ToQt(title), QString(), Ok, parent) {
   setTextFormat(Qt::PlainText);
-  setText(sorvex::ToQt(text));
+  const auto measure = [metrics = fontMetrics()](std::string_view line) {
+    const QSize size = metrics.size(Qt::TextExpandTabs, sorvex::ToQt(std::string(line)));
+    return Size{size.width(), size.height()};
+  };
+  // The toolkit itself breaks no line of up to 390 pixels; it breaks longer ones where it likes.
+  const QSize room = screen()->availableSize();
+  setText(sorvex::ToQt(BoxText(text, {std::min(room.width() / 3, 390), room.height()}, measure)));
+  // Assistive technology reads the whole.
+  if (auto* label = findChild<QLabel*>(QStringLiteral("qt_msgbox_label"))) label->setAccessibleName(sorvex::ToQt(text));
   setWindowModality(Qt::ApplicationModal);
 }
 

@@ -3,7 +3,10 @@
 #include "platform/win32/boxes.h"
 
 #include <exception>
+#include <string_view>
 
+#include "platform/box_text.h"
+#include "platform/win32/native_window.h"
 #include "platform/win32/resources.h"
 #include "platform/win32/text.h"
 
@@ -19,6 +22,38 @@ UINT FlagsOf(BoxIcon icon) {
   }
   return MB_OK;
 }
+
+/// The font of message boxes, for measuring.
+class BoxFont {
+ public:
+  BoxFont() : context_(::GetDC(nullptr)) {
+    NONCLIENTMETRICSW metrics{};
+    metrics.cbSize = sizeof metrics;
+    ::SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
+    font_ = ::CreateFontIndirectW(&metrics.lfMessageFont);
+    before_ = ::SelectObject(context_, font_);
+  }
+  BoxFont(const BoxFont&) = delete;
+  BoxFont& operator=(const BoxFont&) = delete;
+  ~BoxFont() {
+    ::SelectObject(context_, before_);
+    ::DeleteObject(font_);
+    ::ReleaseDC(nullptr, context_);
+  }
+
+  Size Measure(std::string_view line) const {
+    const std::wstring text = ToWide(line);
+    RECT needed{};
+    ::DrawTextW(context_, text.c_str(), static_cast<int>(text.size()), &needed,
+                DT_CALCRECT | DT_EXPANDTABS | DT_NOPREFIX | DT_SINGLELINE);
+    return {static_cast<int>(needed.right), static_cast<int>(needed.bottom)};
+  }
+
+ private:
+  HDC context_;
+  HFONT font_;
+  HGDIOBJ before_;
+};
 
 struct Question {
   std::wstring prompt;
@@ -59,7 +94,13 @@ INT_PTR CALLBACK Receive(HWND dialog, UINT message, WPARAM first, LPARAM second)
 }  // namespace
 
 void ShowMessageBox(HWND owner, const std::string& text, const std::string& title, BoxIcon icon) {
-  ::MessageBoxW(owner, ToWide(text).c_str(), ToWide(title).c_str(), FlagsOf(icon));
+  const RECT screen = WorkArea(owner);
+  const BoxFont font;
+  // Narrow enough for the box of every system: Wine breaks longer lines again.
+  const int lineWidth = 20 * font.Measure("X").height;
+  const std::string shown = BoxText(text, {lineWidth, screen.bottom - screen.top},
+                                    [&font](std::string_view line) { return font.Measure(line); });
+  ::MessageBoxW(owner, ToWide(shown).c_str(), ToWide(title).c_str(), FlagsOf(icon));
 }
 
 std::string ShowInputBox(HWND owner, const std::string& prompt, const std::string& title) {

@@ -216,10 +216,7 @@ void FormWindow::CenterOnOwner() {
   RECT owners{};
   ::GetWindowRect(Handle(), &own);
   ::GetWindowRect(owner_->Handle(), &owners);
-  MONITORINFO monitor{};
-  monitor.cbSize = sizeof monitor;
-  ::GetMonitorInfoW(::MonitorFromWindow(owner_->Handle(), MONITOR_DEFAULTTONEAREST), &monitor);
-  const RECT& screen = monitor.rcWork;
+  const RECT screen = WorkArea(owner_->Handle());
   const LONG width = own.right - own.left;
   const LONG height = own.bottom - own.top;
   const LONG left = (owners.left + owners.right - width) / 2;

@@ -60,4 +60,12 @@ LRESULT CALLBACK NativeWindow::Procedure(HWND window, UINT message, WPARAM first
   }
 }
 
+RECT WorkArea(HWND window) {
+  MONITORINFO monitor{};
+  monitor.cbSize = sizeof monitor;
+  const DWORD choice = window == nullptr ? MONITOR_DEFAULTTOPRIMARY : MONITOR_DEFAULTTONEAREST;
+  ::GetMonitorInfoW(::MonitorFromWindow(window, choice), &monitor);
+  return monitor.rcWork;
+}
+
 }  // namespace sorvex

@@ -32,4 +32,7 @@ class NativeWindow {
   HWND handle_ = nullptr;
 };
 
+/// What programs may use of the screen that `window` is on, of the first one when it is null.
+RECT WorkArea(HWND window);
+
 }  // namespace sorvex
