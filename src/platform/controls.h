@@ -209,7 +209,7 @@ struct ListBox : Control {
   Event DoubleClick;
 };
 
-struct Line : Control {};  ///< from (Left, Top) to (Left + Width, Top + Height)
+struct Line : Control {};  ///< black, from (Left, Top) to (Left + Width, Top + Height)
 
 struct Shape : Control {
   Color FillColor;

@@ -7,6 +7,7 @@
 namespace sorvex {
 
 frmAbout::frmAbout(TwipRatio twipsPerPixel) {
+  constexpr Color black = Rgb(0, 0, 0);
   constexpr Color yellow = Rgb(255, 255, 0);
   constexpr Color red = Rgb(255, 0, 0);
   constexpr Color blue = Rgb(0, 0, 255);
@@ -32,13 +33,12 @@ frmAbout::frmAbout(TwipRatio twipsPerPixel) {
   const LabelDesign labels[] = {
       {lblTit, "lblTit", nullptr, kShown, "", red, title, 96, 0, 217, 33, center},
       {lblVersion, "lblVersion", nullptr, kShown, "", blue, version, 104, 32, 209, 16, center},
-      {lblComments, "lblComments", &picCont, kShown, "", kWindowTextColor, text, 8, 0, 198, 104, center, kFixed,
-       kWrapped},
+      {lblComments, "lblComments", &picCont, kShown, "", black, text, 8, 0, 198, 104, center, kFixed, kWrapped},
       {lblDisc, "lblDisc", nullptr, kShown,
        "Use this product at your own risk. Do not blame me if anything goes wrong. If you don't agree with this, then "
        "stop using this product.",
        red, disclaimer, 8, 104, 89, 89, Alignment::Left, kFixed, kWrapped},
-      {lblCopyright, "lblCopyright", nullptr, kShown, "", kWindowTextColor, small, 96, 176, 216, 13, center},
+      {lblCopyright, "lblCopyright", nullptr, kShown, "", black, small, 96, 176, 216, 13, center},
       {lblWeb, "lblWeb", nullptr, kShown, "", blue, link, 0, 195, 136, 16},
       {lblEmail, "lblEmail", nullptr, kShown, "", blue, text, 155, 195, 157, 16, Alignment::Right},
   };

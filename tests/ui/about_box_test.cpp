@@ -69,6 +69,16 @@ TEST_F(About, TheLogoFollowsThePointerWithCtrlAloneUntilTheRelease) {
   }
 }
 
+// On a dark desktop the colour of its texts is white, on the box's yellow as well.
+TEST_F(About, NoTextTakesItsColourFromTheDesktop) {
+  Open([](frmAbout& box) {
+    for (const Control* control : box.Controls) {
+      const auto* label = dynamic_cast<const Label*>(control);
+      EXPECT_FALSE(label != nullptr && label->ForeColor.IsSystem()) << control->Name;
+    }
+  });
+}
+
 TEST_F(About, OpensItsLinks) {
   Open([](frmAbout& box) {
     PointerInput pointer(box);

@@ -317,7 +317,11 @@ class LineWidget final : public Drawn<QWidget> {
   }
 
  protected:
-  void paintEvent(QPaintEvent* /*event*/) override { QPainter(this).drawLine(0, 0, width() - 1, height() - 1); }
+  void paintEvent(QPaintEvent* /*event*/) override {
+    QPainter painter(this);
+    painter.setPen(Qt::black);
+    painter.drawLine(0, 0, width() - 1, height() - 1);
+  }
 
  private:
   Line& control_;

@@ -47,7 +47,7 @@ class Look final : public QProxyStyle {
   }
 };
 
-// The same look on every desktop.
+// The same look on every desktop, in its light or dark colours.
 void ChooseLook() {
   auto* style = new Look;
   QApplication::setStyle(style);
