@@ -83,6 +83,17 @@ TEST(WindowBoxes, FitTheScreenAtOnceHoweverLongTheirText) {
   }
 }
 
+TEST(WindowChooser, NoFolderIsChosenUntilDownChoosesTheFirst) {
+  Sitting sitting(CupTheme(1));
+  sitting.Open();
+  ListAfterF3(sitting);
+  sitting.player->Tap("Return");
+  EXPECT_FALSE(WaitUntil([&] { return sitting.player->Find("Choose a theme") == 0; }, 300ms));
+  sitting.player->Tap("Down");
+  sitting.Answer("Choose a theme");
+  sitting.Await("Sorvex - Theme1");
+}
+
 TEST(WindowAbout, TheLogoFollowsTheControlledPointerAndIsBackSoonAfterTheRelease) {
   Sitting sitting(CupTheme(1));
   sitting.Open();

@@ -379,6 +379,13 @@ class ListWidget final : public QListWidget, public ControlWidget {
     syncing_ = false;
   }
 
+ protected:
+  void focusInEvent(QFocusEvent* event) override {
+    QListWidget::focusInEvent(event);
+    // The toolkit makes the first row the current one without selecting it: it would look chosen, and Down go past it.
+    if (SelectedRow() < 0) setCurrentRow(-1);
+  }
+
  private:
   int SelectedRow() const {
     const QModelIndexList selected = selectedIndexes();
