@@ -155,6 +155,12 @@ Control* FocusAfter(const Form& form, const Control& gone) {
   return after == order.begin() ? order.front() : *std::prev(after);
 }
 
+Rectangle FocusRing(const Control& control) {
+  constexpr int kDistance = 3;
+  const Rectangle r = PixelBounds(control);
+  return {r.left - kDistance, r.top - kDistance, r.right + kDistance, r.bottom + kDistance};
+}
+
 void RunDueTimers(Form& form, Long now) {
   std::vector<Timer*> due;  // collected first: a handler may change the form's controls
   for (Control* control : form.Controls) {

@@ -52,6 +52,9 @@ const Command* CommandForFunctionKey(const Form& form, int key);
 /// Where the focus goes when `gone`, which had it, is no longer shown: to the control before it in the tab order.
 Control* FocusAfter(const Form& form, const Control& gone);
 
+/// Around a surface or a list, in its container: where the focus is marked on what has no mark of its own.
+Rectangle FocusRing(const Control& control);
+
 /// Runs the handlers of the form's timers that are due at `now` (a tick count).
 void RunDueTimers(Form& form, Long now);
 /// Milliseconds from `now` until the next timer is due (0: one is), nullopt when none is enabled.

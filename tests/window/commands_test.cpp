@@ -116,6 +116,33 @@ TEST_P(WindowEnd, ComesAtOnceAndLeavesEveryFileAsItWas) {
 INSTANTIATE_TEST_SUITE_P(Moments, WindowEnd, testing::ValuesIn(kMoments),
                          [](const auto& info) { return info.param.name; });
 
+TEST(WindowKeys, TheFocusAndTheButtonForEnterAreMarkedWithoutAGame) {
+  Sitting sitting;
+  sitting.Open();
+  struct Look {
+    Bitmap start, scores, besideField;
+    bool operator==(const Look&) const = default;
+  };
+  const auto look = [&] {
+    return Look{sitting.Look({49, 255, 154, 288}), sitting.Look({198, 255, 303, 288}), sitting.Look({100, 4, 110, 8})};
+  };
+  const auto after = [&](const char* modifier) {
+    const Look before = look();
+    sitting.player->Tap("Tab", modifier);
+    EXPECT_TRUE(WaitUntil([&] { return look() != before; }));
+    WaitUntil([] { return false; }, 300ms);
+    return look();
+  };
+  const Look onField = after("Shift_L");
+  const Look onStart = after("");
+  const Look onScores = after("");
+  EXPECT_TRUE(after("") == onField);
+  EXPECT_TRUE(onField.start == onScores.start && onField.start != onStart.start);
+  EXPECT_TRUE(onField.scores != onStart.scores) << "Enter means it on the field, not on Start";
+  EXPECT_TRUE(onField.scores != onScores.scores) << "the focus";
+  EXPECT_TRUE(onStart.besideField == onScores.besideField && onField.besideField != onStart.besideField);
+}
+
 TEST(WindowKeys, TabSpaceEnterAndAccessKeysDoAsTheirRulesSay) {
   Sitting sitting;
   sitting.Open();

@@ -176,6 +176,15 @@ class ButtonWidget final : public QPushButton, public ControlWidget {
     return true;
   }
 
+  void paintEvent(QPaintEvent* event) override {
+    QPushButton::paintEvent(event);
+    if (!hasFocus()) return;
+    // The toolkit's own mark is the one of the button for Enter.
+    QPainter painter(this);
+    painter.setPen(QPen(palette().color(QPalette::ButtonText), 1, Qt::DotLine));
+    painter.drawRect(rect().adjusted(3, 3, -4, -4));
+  }
+
   void keyPressEvent(QKeyEvent* event) override {
     // The window decides what Enter means.
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)

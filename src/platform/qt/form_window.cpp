@@ -120,8 +120,9 @@ void FormWindow::SyncControls() {
     }
   }
   const bool grown = widgets_.size() != before;
-  if (grown) Restack();
-  if (grown || FocusedControl() != enterMarkedFor_) MarkButtonForEnter();
+  if (!grown) return;
+  Restack();
+  MarkFocus();
 }
 
 void FormWindow::DropWidgetsOfGoneControls() {
@@ -142,7 +143,9 @@ ControlWidget* FormWindow::Mirror(Control& control) {
     parent = &made->Widget();
   }
   ControlWidget* widget = MakeControlWidget(control, context_, parent);
-  if (widget != nullptr) widgets_.emplace(&control, widget);
+  if (widget == nullptr) return nullptr;
+  widget->Widget().installEventFilter(this);
+  widgets_.emplace(&control, widget);
   return widget;
 }
 
@@ -201,10 +204,10 @@ void FormWindow::LeaveGoneFocus() {
   if (focused != nullptr && !IsShown(*focused)) Focus(FocusAfter(context_.form, *focused));
 }
 
-void FormWindow::MarkButtonForEnter() {
-  enterMarkedFor_ = FocusedControl();
-  const CommandButton* marked = ButtonForEnter(context_.form, enterMarkedFor_);
+void FormWindow::MarkFocus() {
+  const CommandButton* marked = ButtonForEnter(context_.form, FocusedControl());
   for (const auto& [control, widget] : widgets_) widget->MarkForEnter(control == marked);
+  update();
 }
 
 bool FormWindow::focusNextPrevChild(bool next) {
@@ -221,11 +224,20 @@ bool FormWindow::event(QEvent* event) {
 bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
   const auto* mouse = dynamic_cast<const QMouseEvent*>(event);
   if (mouse != nullptr && watched == windowHandle()) context_.pointerInWindow = mouse->position();
+  // Those of the controls' widgets: no handler runs when the focus moves, so nothing else says so.
+  if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) MarkFocus();
   return PointerArea::eventFilter(watched, event);
 }
 
 void FormWindow::paintEvent(QPaintEvent* event) {
-  QPainter(this).fillRect(event->rect(), ToQt(context_.desktop.ResolveColor(context_.form.BackColor)));
+  QPainter painter(this);
+  painter.fillRect(event->rect(), ToQt(context_.desktop.ResolveColor(context_.form.BackColor)));
+  const Control* focused = FocusedControl();
+  if (focused == nullptr || dynamic_cast<const CommandButton*>(focused) != nullptr || !focusWidget()->hasFocus())
+    return;
+  const Rectangle ring = FocusRing(*focused);
+  painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
+  painter.drawRect(ring.left + 1, ring.top + 1, ring.Width() - 2, ring.Height() - 2);
 }
 
 void FormWindow::resizeEvent(QResizeEvent* event) {

@@ -52,7 +52,8 @@ class FormWindow final : public PointerArea {
   void SyncControls();
   void DropWidgetsOfGoneControls();
   void LeaveGoneFocus();
-  void MarkButtonForEnter();
+  /// Shows which control has the focus and which button Enter means.
+  void MarkFocus();
   ControlWidget* Mirror(Control& control);
   void Restack();
   void ArmTimer();
@@ -66,7 +67,6 @@ class FormWindow final : public PointerArea {
   FormWindow* owner_;
   std::vector<Control*> mirrored_;  // the form's controls at the last synchronisation
   std::unordered_map<const Control*, ControlWidget*> widgets_;
-  const Control* enterMarkedFor_ = nullptr;  // the focus for which the buttons show what Enter means
   QTimer timer_;
   std::uint32_t timerDue_ = 0;  // the tick count for which timer_ is set
   std::string caption_;

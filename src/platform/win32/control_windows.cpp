@@ -60,6 +60,7 @@ class SurfaceWindow final : public PointerArea, public ControlWindow {
  protected:
   LRESULT Receive(UINT message, WPARAM first, LPARAM second) override {
     if (message == WM_PAINT) RaisePaint();
+    if (message == WM_SETFOCUS || message == WM_KILLFOCUS) MarkFocus(message == WM_SETFOCUS);
     return PointerArea::Receive(message, first, second);
   }
 
@@ -68,6 +69,11 @@ class SurfaceWindow final : public PointerArea, public ControlWindow {
     if (control_.AutoRedraw || !control_.Paint) return;
     paintOwed_ = !context_.handlers.MayRun();
     context_.handlers.Run(control_.Paint);
+  }
+
+  void MarkFocus(bool focused) {
+    context_.focused = focused ? &control_ : nullptr;
+    ::InvalidateRect(::GetParent(Handle()), nullptr, FALSE);
   }
 
   bool HoldsPaintedControls() const {

@@ -79,7 +79,6 @@ void FormWindow::Open() {
   if (context_.form.CenterOnOwner && owner_ != nullptr) CenterOnOwner();
   ::ShowWindow(Handle(), owner_ == nullptr ? SW_SHOWDEFAULT : SW_SHOW);
   if (Control* first = NextInTabOrder(context_.form, nullptr, true)) Focus(first);
-  MarkButtonForEnter();
   KeepPosition();
   ::UpdateWindow(Handle());
 }
@@ -251,6 +250,7 @@ void FormWindow::KeepSize(Size client) {
 void FormWindow::Focus(const Control* control) {
   const auto window = windows_.find(control);
   ::SetFocus(window == windows_.end() ? Handle() : window->second->Window());
+  MarkButtonForEnter();  // no handler runs, after which it would be done
 }
 
 Control* FormWindow::FocusedControl() const {
@@ -341,6 +341,7 @@ LRESULT FormWindow::Receive(UINT message, WPARAM first, LPARAM second) {
     case WM_ACTIVATE: Activated(LOWORD(first) != WA_INACTIVE); return PointerArea::Receive(message, first, second);
     case WM_SETFOCUS:
       if (::IsWindowVisible(focusBefore_) != 0) ::SetFocus(focusBefore_);
+      MarkButtonForEnter();
       return 0;
     case WM_GETMINMAXINFO:
       // A large field makes a window larger than the screen.

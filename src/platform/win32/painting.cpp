@@ -90,6 +90,10 @@ void PaintAll(HDC context, const FormContext& form, const PictureBox* surface, S
   const Pixel background = form.desktop.ResolveColor(back);
   if (surface == nullptr) {
     Fill(context, part, background);
+    if (form.focused != nullptr) {
+      const RECT ring = ToRect(FocusRing(*form.focused));
+      ::DrawFocusRect(context, &ring);
+    }
   } else {
     PaintFrame(context, surface->BorderStyle, Rectangle::At(0, 0, window));
     PaintImage(context, *surface, background, window, part);

@@ -16,6 +16,8 @@ struct FormContext {
   Desktop& desktop;
   Handlers& handlers;
   PointerInput pointer{form};
+  /// The surface that has the focus, null: none has.
+  const PictureBox* focused = nullptr;
   /// The last pointer event; its time is 0 when the pointer was elsewhere since.
   MOUSEMOVEPOINT lastEvent{};
 };
