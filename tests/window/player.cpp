@@ -86,6 +86,13 @@ bool Player::HasFocus(WindowId window) const {
   return focus == window;
 }
 
+std::optional<bool> Player::IconIsSeen(WindowId window) const {
+  const Property icon = Read(display_, window, Atom("_NET_WM_ICON"));
+  if (icon.count == 0) return std::nullopt;
+  const auto* words = reinterpret_cast<const long*>(icon.data.get());  // width, height, pixels
+  return std::any_of(words + 2, words + icon.count, [](long pixel) { return (pixel & 0xFF000000) != 0; });
+}
+
 Rectangle Player::ClientArea(WindowId window) const {
   XWindowAttributes attributes{};
   ::XGetWindowAttributes(display_, window, &attributes);

@@ -3,6 +3,7 @@
 // so that it can play on any toolkit's window.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -28,6 +29,8 @@ class Player {
   /// The newest window with that title; 0 when there is none.
   WindowId Find(const std::string& title) const;
   bool HasFocus(WindowId window) const;
+  /// Whether there is a pixel to see in the window's own icon; nullopt when it has none.
+  std::optional<bool> IconIsSeen(WindowId window) const;
   /// Inside the frame, on the screen.
   Rectangle ClientArea(WindowId window) const;
   Bitmap Look(const Rectangle& screenPart) const;

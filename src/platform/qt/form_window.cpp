@@ -29,6 +29,13 @@ Qt::WindowFlags FlagsOf(const Form& form, bool owned) {
   return flags;
 }
 
+// Without one a window would be shown with its owner's, by the toolkit and by window managers.
+QIcon UnseenIcon() {
+  QPixmap pixels(16, 16);
+  pixels.fill(Qt::transparent);
+  return pixels;
+}
+
 // "[*]" in a title is the toolkit's mark for a changed document, unless it is doubled.
 QString TitleOf(const std::string& caption) {
   return ToQt(caption).replace(QLatin1String("[*]"), QLatin1String("[*][*]"));
@@ -59,7 +66,7 @@ void FormWindow::Open() {
   if (context_.form.CenterOnOwner && owner_ != nullptr) CenterOnOwner();
   show();
   // The window manager is at work meanwhile, so this does not delay the first paint.
-  if (context_.form.Icon != BuiltIn::None) setWindowIcon(BuiltInIcon(context_.form.Icon));
+  setWindowIcon(context_.form.Icon == BuiltIn::None ? UnseenIcon() : BuiltInIcon(context_.form.Icon));
   windowHandle()->installEventFilter(this);
   KeepPosition();
 }
