@@ -8,6 +8,7 @@
 
 #include "game/collision.h"
 #include "game/drawing.h"
+#include "game/field_name.h"
 #include "game/mod_play_wav.h"
 #include "game/return_item.h"
 #include "highscores/panel.h"
@@ -43,9 +44,11 @@ void TestPlacement(Game& game) {
                   form.PicPlainMask(0)))
     return;
   EndDrag(form);
-  if (state.ItemInPlay(item)) modPlayWav::PlayWav(game.desktop, form.PutInContWav);
+  const bool putIn = state.ItemInPlay(item);
+  if (putIn) modPlayWav::PlayWav(game.desktop, form.PutInContWav);
   state.ItemInPlay(item) = false;
   state.ContInPlay(state.CurCont) = false;
+  if (putIn) NameField(form, state);
 }
 
 void ReportGameOver(Game& game, double elapsed) {

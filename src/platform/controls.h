@@ -81,6 +81,7 @@ struct Control {
   float Height = 0;
   bool Visible = true;
   std::string ToolTipText;
+  std::string AccessibleName;  ///< what assistive technology calls it, where its text or tool tip is not enough
   int TabIndex = -1;  ///< place in the tab order, -1: takes no focus
   BuiltIn MousePointer = BuiltIn::None;
 

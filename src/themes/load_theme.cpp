@@ -7,6 +7,7 @@
 #include <optional>
 
 #include "base/files.h"
+#include "game/field_name.h"
 #include "highscores/highscore_table.h"
 #include "themes/theme_files.h"
 
@@ -85,6 +86,7 @@ void Show(Game& game, const std::string& name, const Theme& theme) {
   form.PicBlank.SetPicture(form.picBg1.PictureObject());
   form.PicCanvas.Resize(form.PicBlank.Width, form.PicBlank.Height);
   form.Caption = game.desktop.Version().Title + " - " + state.ThemeName;
+  NameField(form, state);
   form.lblTime.SetCaption(game.desktop, "00.00");
   form.ThemeDescription = theme.details.description;
   form.ThemeDate = theme.details.date;
@@ -97,6 +99,7 @@ bool ReturnItemsToStart(Game& game) {
   if (state.ThemeLoads == 0 || EveryItemIsPutIn(state)) return false;
   static_cast<ItemTable&>(state) = state.LoadedItems;
   game.form.PicBlank.SetPicture(game.form.picBg1.PictureObject());
+  NameField(game.form, state);
   return true;
 }
 

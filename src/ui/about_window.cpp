@@ -43,6 +43,7 @@ frmAbout::frmAbout(TwipRatio twipsPerPixel) {
       {lblEmail, "lblEmail", nullptr, kShown, "", blue, text, 155, 195, 157, 16, Alignment::Right},
   };
   for (const LabelDesign& design : labels) Apply(design);
+  imgLogo.AccessibleName = "Logo";
   lblComments.Transparent = false;
   lblComments.BackColor = yellow;
   lblDisc.ToolTipText = "Disclaimer";

@@ -21,6 +21,7 @@ frmChooseTheme::frmChooseTheme(TwipRatio twipsPerPixel) {
   for (const ButtonDesign& design : buttons) Apply(design);
   Place(List1, "List1", 8, 8, 185, 134);
   List1.TabIndex = 1;
+  List1.AccessibleName = "Themes";
 
   Controls = {&List1, &OKButton, &CancelButton};  // front to back
 }

@@ -70,6 +70,9 @@ frmMain::frmMain() {
   for (const ButtonDesign& design : buttons) Apply(design);
   for (const ImageDesign& design : images) Apply(design);
   PicCanvas.TabIndex = 2;
+  PicCanvas.AccessibleName = "Play field";
+  picHighScores.AccessibleName = "Best times";
+  Image1.AccessibleName = "Show or hide the time";
   // Each column of the panel ends before the next one begins, the last one before the panel does.
   lblHighName(0).PaintedTo = 148;
   lblHighDate(0).PaintedTo = 244;

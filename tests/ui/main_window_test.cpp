@@ -6,6 +6,7 @@
 
 #include <set>
 
+#include "platform/accessibility.h"
 #include "support/story.h"
 #include "themes/load_theme.h"
 
@@ -74,6 +75,18 @@ TEST(MainWindow, IsLaidOutByTheFieldAndTheTwipsAtStart) {
     EXPECT_EQ(ClientSize(form, c.twips).width, c.client);
     EXPECT_EQ(form.picHighScores.Left, 8);
   }
+}
+
+TEST(MainWindow, IsToldInWordsToThoseWhoHearIt) {
+  Story story;
+  const std::string& field = story.form.PicCanvas.AccessibleName;
+  EXPECT_EQ(field, "Play field, theme Theme1, 3 items left");
+  story.Start().PutIn(0).PutIn(1).Frames(2).Run();
+  EXPECT_EQ(field, "Play field, theme Theme1, 1 item left");
+  story.Start().Frames(1).Run();
+  EXPECT_EQ(field, "Play field, theme Theme1, 3 items left");
+  const std::string panel = SpokenText(story.form, story.form.picHighScores);
+  EXPECT_TRUE(panel.starts_with("Best times HIGHSCORES 1. Nobody 00/00/00 100 2.  Nobody")) << panel;
 }
 
 TEST(Keys, NeverReachAHiddenButton) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Roles and press actions of forms, images and links.
+// Roles, names and press actions of forms, images and links, and the order in which their controls are read.
 #include "platform/qt/accessibility.h"
 
 #include <QAccessible>
@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "platform/accessibility.h"
 #include "platform/qt/control_widgets.h"
 #include "platform/qt/form_window.h"
 #include "platform/qt/text.h"
@@ -63,13 +64,48 @@ class Pressable final : public QAccessibleWidget {
   std::vector<Command> commands_;
 };
 
+/// A form or surface: its controls come in the order in which one reads them, not in the order of stacking.
+class Readable final : public QAccessibleWidget {
+ public:
+  Readable(FormWindow& window, QWidget& widget, const PictureBox* surface, QAccessible::Role role)
+      : QAccessibleWidget(&widget, role), window_(window), surface_(surface) {}
+
+  int childCount() const override { return static_cast<int>(Children().size()); }
+  QAccessibleInterface* child(int index) const override {
+    const std::vector<QWidget*> children = Children();
+    const bool exists = index >= 0 && index < static_cast<int>(children.size());
+    return exists ? QAccessible::queryAccessibleInterface(children[static_cast<std::size_t>(index)]) : nullptr;
+  }
+  int indexOfChild(const QAccessibleInterface* child) const override {
+    const std::vector<QWidget*> children = Children();
+    const auto found = std::ranges::find(children, child->object());
+    return found == children.end() ? -1 : static_cast<int>(found - children.begin());
+  }
+
+ private:
+  std::vector<QWidget*> Children() const {
+    std::vector<QWidget*> children;
+    for (const Control* control : ReadingOrder(window_.ShownForm(), surface_))
+      if (QWidget* widget = window_.WidgetOf(*control)) children.push_back(widget);
+    return children;
+  }
+
+  FormWindow& window_;
+  const PictureBox* surface_;
+};
+
 QAccessibleInterface* MakeAccessible(const QString& /*className*/, QObject* object) {
   if (auto* window = dynamic_cast<FormWindow*>(object))
-    return new QAccessibleWidget(window, window->isModal() ? QAccessible::Dialog : QAccessible::Window);
+    return new Readable(*window, *window, nullptr, window->isModal() ? QAccessible::Dialog : QAccessible::Window);
   auto* control = dynamic_cast<ControlWidget*>(object);
   if (control == nullptr) return nullptr;
+  if (const auto* surface = dynamic_cast<const PictureBox*>(&control->Subject()))
+    return new Readable(dynamic_cast<FormWindow&>(*control->Widget().window()), control->Widget(), surface,
+                        surface->TabIndex >= 0 ? QAccessible::Canvas : QAccessible::Pane);
   if (const auto* image = dynamic_cast<const Image*>(&control->Subject()))
-    return new Pressable(*control, QAccessible::Button, image->ToolTipText);
+    return new Pressable(*control,
+                         image->Click || !image->Commands.empty() ? QAccessible::Button : QAccessible::Graphic,
+                         image->AccessibleName.empty() ? image->ToolTipText : image->AccessibleName);
   const auto* label = dynamic_cast<const Label*>(&control->Subject());
   if (label != nullptr && label->Click) return new Pressable(*control, QAccessible::Link, label->Caption);
   return nullptr;

@@ -56,6 +56,7 @@ class SurfaceWidget final : public PointerArea, public ControlWidget {
   void Sync() override {
     Place(*this, control_, ToQt(PixelBounds(control_)));
     if (look_.Take(LookOf(control_)) || paintOwed_) update();
+    if (name_.Take(control_.AccessibleName)) setAccessibleName(sorvex::ToQt(control_.AccessibleName));
   }
 
  protected:
@@ -139,6 +140,7 @@ class SurfaceWidget final : public PointerArea, public ControlWidget {
 
   PictureBox& control_;
   Shown<SurfaceLook> look_;
+  Shown<std::string> name_;
   QImage scaled_;
   std::vector<int> columns_;  // for each of scaled_: the image's
   bool paintOwed_ = false;    // painted while no handler could run: the Paint event is still to come
@@ -365,6 +367,7 @@ class ListWidget final : public QListWidget, public ControlWidget {
     setAttribute(Qt::WA_NoMousePropagation);
     setEditTriggers(NoEditTriggers);
     AllowFocus(*this, list);
+    setAccessibleName(sorvex::ToQt(list.AccessibleName));
     connect(this, &QListWidget::itemSelectionChanged, this, [this] {
       if (!syncing_) control_.ListIndex = SelectedRow();
     });

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "base/runtime_error.h"
+#include "platform/accessibility.h"
 #include "platform/shown.h"
 #include "platform/win32/painting.h"
 #include "platform/win32/text.h"
@@ -39,6 +40,7 @@ class SurfaceWindow final : public PointerArea, public ControlWindow {
 
   void Sync() override {
     Place(Handle(), control_, bounds_, visible_);
+    if (IsShown(control_)) Name();
     if (look_.Take(LookOf(control_)) || paintOwed_) ::InvalidateRect(Handle(), nullptr, FALSE);
   }
 
@@ -76,6 +78,12 @@ class SurfaceWindow final : public PointerArea, public ControlWindow {
     ::InvalidateRect(::GetParent(Handle()), nullptr, FALSE);
   }
 
+  // A screen reader takes the window's text for its name; it cannot see the labels that are painted here.
+  void Name() {
+    const std::string text = SpokenText(context_.form, control_);
+    if (name_.Take(text)) ::SetWindowTextW(Handle(), ToWide(text).c_str());
+  }
+
   bool HoldsPaintedControls() const {
     return std::ranges::any_of(context_.form.Controls, [this](const Control* control) {
       return control->Container == &control_ && control->Visible && IsPainted(*control);
@@ -87,6 +95,7 @@ class SurfaceWindow final : public PointerArea, public ControlWindow {
   Shown<Rectangle> bounds_;
   Shown<bool> visible_;
   Shown<SurfaceLook> look_;
+  Shown<std::string> name_;
   bool paintOwed_ = false;  // painted while no handler could run: the Paint event is still to come
 };
 
@@ -146,7 +155,9 @@ class ListWindow final : public SystemControl {
       : SystemControl(list, parent, L"LISTBOX", WS_VSCROLL | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT | LBS_HASSTRINGS,
                       WS_EX_CLIENTEDGE),
         control_(list),
-        context_(context) {}
+        context_(context) {
+    ::SetWindowTextW(Window(), ToWide(list.AccessibleName).c_str());
+  }
 
   void Sync() override {
     SystemControl::Sync();

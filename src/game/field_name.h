@@ -1,0 +1,13 @@
+// SPDX-License-Identifier: MIT
+// The play field in words, for players who hear what others see.
+#pragma once
+
+#include "game/mod_variables.h"
+#include "ui/main_window.h"
+
+namespace sorvex {
+
+/// Gives the play field its accessible name: "Play field, theme Theme1, 3 items left".
+void NameField(frmMain& form, const modVariables& state);
+
+}  // namespace sorvex

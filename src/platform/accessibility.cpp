@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: MIT
+// Sorting by place, and the words of a surface.
+#include "platform/accessibility.h"
+
+#include <algorithm>
+#include <tuple>
+
+namespace sorvex {
+
+std::vector<Control*> ReadingOrder(const Form& form, const PictureBox* container) {
+  std::vector<Control*> order;
+  for (Control* control : form.Controls)
+    if (control->Container == container) order.push_back(control);
+  std::ranges::stable_sort(order, {}, [](const Control* control) { return std::tuple(control->Top, control->Left); });
+  return order;
+}
+
+std::string SpokenText(const Form& form, const PictureBox& surface) {
+  std::string text = surface.AccessibleName;
+  for (const Control* control : ReadingOrder(form, &surface)) {
+    const auto* label = dynamic_cast<const Label*>(control);
+    if (label != nullptr && label->Visible) text += (text.empty() ? "" : " ") + label->Caption;
+  }
+  return text;
+}
+
+}  // namespace sorvex
