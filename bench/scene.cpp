@@ -10,6 +10,7 @@
 #include <string_view>
 #include <utility>
 
+#include "game/mask.h"
 #include "support/temp_folder.h"
 #include "support/theme_folder.h"
 

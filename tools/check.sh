@@ -10,7 +10,7 @@ complain() {
   printf '%s\n%s\n\n' "$1" "$2"
   failed=1
 }
-core="src/base src/game src/themes src/highscores src/ui src/startup src/platform/*.h src/platform/*.cpp"
+core="src/base src/forms src/game src/themes src/highscores src/ui src/startup src/platform/*.h src/platform/*.cpp"
 
 # shellcheck disable=SC2086  # a list of paths
 complain "The core knows no toolkit and no system:" \

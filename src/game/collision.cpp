@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <cstdint>
 
+#include "game/mask.h"
+
 namespace sorvex {
 namespace {
 
@@ -28,8 +30,6 @@ bool BitsMeet(const BitPlane& item, const BitPlane& container, int width, int to
   return false;
 }
 
-const MaskBits* BitsOf(const PictureBox& mask) { return mask.PictureObject() ? mask.PictureObject()->Mask() : nullptr; }
-
 }  // namespace
 
 bool HitsContainer(Integer itemLeft, Integer itemTop, Integer containerLeft, Integer containerTop,
@@ -41,11 +41,11 @@ bool HitsContainer(Integer itemLeft, Integer itemTop, Integer containerLeft, Int
   work.Width = itemMask.Width;
   work.Height = itemMask.Height;
 
-  const MaskBits* item = BitsOf(itemMask);
-  const MaskBits* container = BitsOf(containerMask);
+  const Mask* item = AsMask(itemMask.PictureObject());
+  const Mask* container = AsMask(containerMask.PictureObject());
   if (item == nullptr || container == nullptr) return false;
-  const BitPlane& opaque = item->itemOpaque;
-  const BitPlane& solid = container->containerSolid;
+  const BitPlane& opaque = item->ItemOpaque();
+  const BitPlane& solid = container->ContainerSolid();
   const int width = std::min(opaque.Extent().width, seen.width);
   const int top = std::max(0, -dy);
   const int bottom = std::min({opaque.Extent().height, seen.height, solid.Extent().height - dy});

@@ -9,8 +9,8 @@ namespace sorvex {
 void NameField(frmMain& form, const modVariables& state) {
   int left = 0;
   for (Long i = 0; i <= state.LastItem; ++i) left += state.ItemInPlay(i) ? 1 : 0;
-  form.PicCanvas.AccessibleName = "Play field, theme " + state.ThemeName + ", " + std::to_string(left) +
-                                  (left == 1 ? " item left" : " items left");
+  form.PicCanvas.AccessibleName =
+      "Play field, theme " + state.ThemeName + ", " + std::to_string(left) + (left == 1 ? " item left" : " items left");
 }
 
 }  // namespace sorvex

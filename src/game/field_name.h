@@ -2,8 +2,8 @@
 // The play field in words, for players who hear what others see.
 #pragma once
 
+#include "forms/main_window.h"
 #include "game/mod_variables.h"
-#include "ui/main_window.h"
 
 namespace sorvex {
 

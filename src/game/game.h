@@ -2,10 +2,10 @@
 // What the game's procedures work on, in one parameter.
 #pragma once
 
+#include "forms/main_window.h"
 #include "game/frame_memory.h"
 #include "game/mod_variables.h"
 #include "platform/desktop.h"
-#include "ui/main_window.h"
 
 namespace sorvex {
 

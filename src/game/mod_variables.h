@@ -55,10 +55,9 @@ struct modVariables : ItemTable {
   unsigned ThemeLoads = 0;  ///< how many themes have been put onto the window
   ItemTable LoadedItems;    ///< the item table as the last of them had it
 
-  /// Where the Start command stands. A Start that comes while it plays ends that game and asks for a new one; one that
-  /// comes while it prepares is the game being prepared.
-  enum class Start { Idle, Preparing, Playing } StartCommand = Start::Idle;
-  bool NewGameWanted = false;
+  /// Where the Start command stands. `Restarting`: it was given again while it plays, so that game ends and a new one
+  /// begins. A Start that comes while a game is prepared is ignored.
+  enum class Start { Idle, Preparing, Playing, Restarting } StartCommand = Start::Idle;
 };
 
 }  // namespace sorvex

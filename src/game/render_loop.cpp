@@ -117,7 +117,9 @@ void RenderLoop(Game& game) {
 }
 
 bool GameRuns(const Game& game) {
-  return game.state.StartCommand == modVariables::Start::Playing && !game.form.StopRendering;
+  const modVariables::Start start = game.state.StartCommand;
+  const bool playing = start == modVariables::Start::Playing || start == modVariables::Start::Restarting;
+  return playing && !game.form.StopRendering;
 }
 
 bool DrawAndTestFrame(Game& game) {

@@ -4,11 +4,11 @@
 
 #include <optional>
 
+#include "base/field_reader.h"
 #include "base/files.h"
 #include "base/limits.h"
 #include "base/runtime_error.h"
 #include "base/text.h"
-#include "highscores/field_reader.h"
 
 namespace sorvex {
 namespace {

@@ -5,8 +5,8 @@
 #include <functional>
 #include <string>
 
+#include "forms/main_window.h"
 #include "platform/desktop.h"
-#include "ui/main_window.h"
 
 namespace sorvex {
 

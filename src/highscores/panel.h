@@ -4,8 +4,8 @@
 
 #include <string>
 
+#include "forms/main_window.h"
 #include "platform/desktop.h"
-#include "ui/main_window.h"
 
 namespace sorvex {
 

@@ -43,7 +43,6 @@ struct Font {
 };
 
 enum class Alignment { Left, Center, Right };
-enum class ScaleMode { Twips, Pixels };
 
 /// A picture surface's frame: none, flat and 1 pixel wide, or sunken and 2 pixels wide.
 enum class Frame { None, Flat, Sunken };
@@ -82,7 +81,7 @@ struct Control {
   bool Visible = true;
   std::string ToolTipText;
   std::string AccessibleName;  ///< what assistive technology calls it, where its text or tool tip is not enough
-  int TabIndex = -1;  ///< place in the tab order, -1: takes no focus
+  int TabIndex = -1;           ///< place in the tab order, -1: takes no focus
   BuiltIn MousePointer = BuiltIn::None;
 
  protected:
@@ -96,7 +95,6 @@ struct PictureBox : Control {
   Frame BorderStyle = Frame::Sunken;
   bool AutoSize = false;
   bool AutoRedraw = true;
-  ScaleMode Scale = ScaleMode::Pixels;
   Color BackColor = kButtonFaceColor;
   Color ForeColor = kWindowTextColor;
   BuiltIn DesignPicture = BuiltIn::None;
@@ -242,7 +240,6 @@ struct Form {
   Color BackColor = kButtonFaceColor;
   FormBorder Border = FormBorder::Sizable;
   bool MinButton = false;
-  bool ShowInTaskbar = true;
   bool CenterOnOwner = false;
   BuiltIn Icon = BuiltIn::None;
   float Left = 0;       ///< outer left edge on the screen, twips; kept by the front end

@@ -63,7 +63,6 @@ int RunProgram(Desktop& desktop) {
     for (bool started = false;; started = true) {
       try {
         if (!started) program.Initialize();
-        program.form.Loaded = true;
         desktop.Show(program.form, nullptr);
         return 0;
       } catch (...) {

@@ -15,7 +15,6 @@ void ChooseTheme(Game& game) {
   form.List1.DoubleClick = form.OKButton.Click;
   form.CancelButton.Click = [&form] { CancelButton_Click(form); };
   Form_Load(game.desktop, form);
-  form.Loaded = true;
   game.desktop.Show(form, &game.form);
 }
 

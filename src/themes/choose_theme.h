@@ -2,8 +2,8 @@
 // The theme chooser: which folder, and what follows when it closes.
 #pragma once
 
+#include "forms/choose_theme_window.h"
 #include "game/game.h"
-#include "ui/choose_theme_window.h"
 
 namespace sorvex {
 

@@ -7,10 +7,11 @@
 #include <optional>
 #include <utility>
 
+#include "base/field_reader.h"
 #include "base/files.h"
 #include "base/limits.h"
 #include "base/text.h"
-#include "highscores/field_reader.h"
+#include "game/mask.h"
 #include "themes/bitmap_check.h"
 
 namespace sorvex {

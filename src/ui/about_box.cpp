@@ -42,7 +42,6 @@ void ShowAbout(Desktop& desktop, Form& owner) {
   Form_Load(desktop, form);
   form.Timer1.Start(desktop.TickCount());
   form.tmrScroll.Start(desktop.TickCount());
-  form.Loaded = true;
   desktop.Show(form, &owner);
 }
 

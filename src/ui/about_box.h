@@ -4,8 +4,8 @@
 
 #include <string>
 
+#include "forms/about_window.h"
 #include "platform/desktop.h"
-#include "ui/about_window.h"
 
 namespace sorvex {
 

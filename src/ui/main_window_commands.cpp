@@ -42,7 +42,6 @@ class StartProgress {
 void PlayOneGame(Game& game, StartProgress& progress) {
   frmMain& form = game.form;
   progress.Reach(modVariables::Start::Preparing);
-  game.state.NewGameWanted = false;
   game.state.GameEnded = false;
   if (!Form_Load(game) && !ReturnItemsToStart(game)) return;
   form.PicBackbuff.Resize(form.PicCanvas.Width, form.PicCanvas.Height);
@@ -65,16 +64,15 @@ bool Form_Load(Game& game) {
 
 void Command1_Click(Game& game) {
   modVariables& state = game.state;
-  if (state.StartCommand == modVariables::Start::Preparing) return;
   if (state.StartCommand == modVariables::Start::Playing) {
-    state.NewGameWanted = true;
+    state.StartCommand = modVariables::Start::Restarting;
     state.GameEnded = true;
-    return;
   }
+  if (state.StartCommand != modVariables::Start::Idle) return;
   StartProgress progress(state);
   do {
     PlayOneGame(game, progress);
-  } while (state.NewGameWanted);
+  } while (state.StartCommand == modVariables::Start::Restarting);
 }
 
 void Image1_Click(Desktop& desktop, frmMain& form) {

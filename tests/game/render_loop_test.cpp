@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include "game/mask.h"
 #include "game/return_item.h"
 #include "support/story.h"
 

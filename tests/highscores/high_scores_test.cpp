@@ -2,7 +2,7 @@
 // The fields of a text file, the table and its file, the place of a new time, the panel.
 #include <gtest/gtest.h>
 
-#include "highscores/field_reader.h"
+#include "base/field_reader.h"
 #include "highscores/highscore_table.h"
 #include "highscores/record_high_score.h"
 #include "support/story.h"

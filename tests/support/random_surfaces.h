@@ -8,8 +8,8 @@
 #include <string>
 #include <utility>
 
+#include "game/mask.h"
 #include "platform/controls.h"
-#include "platform/picture.h"
 #include "support/printers.h"
 
 namespace sorvex {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The main window's design, its layout, its keyboard and its small commands.
-#include "ui/main_window.h"
+#include "forms/main_window.h"
 
 #include <gtest/gtest.h>
 

@@ -3,7 +3,7 @@
 #include <windows.h>
 #include <gtest/gtest.h>
 
-#include "ui/choose_theme_window.h"
+#include "forms/choose_theme_window.h"
 #include "win32/the_desktop.h"
 
 namespace sorvex {

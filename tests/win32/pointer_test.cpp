@@ -10,7 +10,7 @@
 #include <utility>
 #include <vector>
 
-#include "ui/main_window.h"
+#include "forms/main_window.h"
 #include "win32/the_desktop.h"
 
 namespace sorvex {

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/win32/services.h"
+#include "platform/win32/program_path.h"
 #include "platform/win32/text.h"
 
 namespace sorvex {

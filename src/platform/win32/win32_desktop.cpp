@@ -7,7 +7,6 @@
 #include "platform/decode_bitmap.h"
 #include "platform/win32/boxes.h"
 #include "platform/win32/built_ins.h"
-#include "platform/win32/services.h"
 #include "platform/win32/text.h"
 #include "platform/win32/version_resource.h"
 #include "platform/win32/write_whole_file.h"
@@ -142,19 +141,7 @@ TwipRatio Win32Desktop::TwipsPerPixel() {
   return twips;
 }
 
-Long Win32Desktop::TickCount() { return sorvex::TickCount(); }
-
-ScreenPoint Win32Desktop::PointerPosition() { return sorvex::PointerPosition(); }
-
-void Win32Desktop::PlayWave(const std::string& path) { sorvex::PlayWave(path); }
-
 void Win32Desktop::PrepareWaves(std::span<const std::string> /*paths*/) {}  // the system reads a file when it plays
-
-void Win32Desktop::OpenAddress(const std::string& address) { sorvex::OpenAddress(address); }
-
-std::string Win32Desktop::ShortDate() { return sorvex::ShortDate(); }
-
-std::string Win32Desktop::ProgramFolder() { return sorvex::ProgramFolder(); }
 
 VersionInfo Win32Desktop::Version() { return ReadVersionResource(); }
 

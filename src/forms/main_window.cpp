@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The main window's design: every control stands in one of the tables below.
-#include "ui/main_window.h"
+#include "forms/main_window.h"
 
-#include "ui/design.h"
+#include "forms/design.h"
 
 namespace sorvex {
 
@@ -16,27 +16,25 @@ frmMain::frmMain() {
 
   constexpr auto sunken = Frame::Sunken;
   constexpr auto flat = Frame::Flat;
-  constexpr auto pixels = ScaleMode::Pixels;
-  constexpr auto twips = ScaleMode::Twips;
   constexpr Color face = kButtonFaceColor;
   constexpr Color window = kWindowColor;
   constexpr Color white = Rgb(255, 255, 255);
   const SurfaceDesign surfaces[] = {
-      {PicCanvas, "PicCanvas", kShown, sunken, kFixed, kPersistent, pixels, face, 8, 8, 320, 240, BuiltIn::Canvas},
-      {PicBackbuff, "PicBackbuff", kHidden, sunken, kFixed, kPersistent, pixels, face, 256, 208, 33, 33},
-      {PicBlank, "PicBlank", kHidden, sunken, kAutoSize, kPersistent, pixels, white, 216, 208, 33, 33},
-      {picBg1, "picBg1", kHidden, sunken, kAutoSize, kTransient, twips, face, 96, 296, 265, 197},
-      {picBG2, "picBG2", kHidden, sunken, kAutoSize, kTransient, twips, face, 368, 296, 281, 197},
-      {PicSprite(0), "PicSprite", kHidden, sunken, kAutoSize, kPersistent, pixels, face, 336, 8, 42, 15},
-      {PicMask(0), "PicMask", kHidden, sunken, kAutoSize, kPersistent, pixels, face, 336, 48, 42, 15},
-      {picCont(0), "picCont", kHidden, sunken, kAutoSize, kPersistent, pixels, face, 336, 88, 52, 58},
-      {PicContMask(0), "PicContMask", kHidden, sunken, kAutoSize, kPersistent, pixels, face, 336, 152, 52, 58},
-      {PicPlainSprite(0), "PicPlainSprite", kHidden, flat, kAutoSize, kPersistent, pixels, window, 408, 128, 110, 75},
-      {PicPlainMask(0), "PicPlainMask", kHidden, flat, kAutoSize, kPersistent, pixels, window, 576, 128, 110, 75},
-      {picCD, "picCD", kHidden, sunken, kFixed, kPersistent, pixels, Rgb(192, 0, 0), 8, 312, 65, 73},
-      {picInvertedMask, "picInvertedMask", kHidden, sunken, kFixed, kPersistent, pixels, white, 408, 208, 281, 265},
-      {picHighScores, "picHighScores", kHidden, sunken, kAutoSize, kTransient, pixels, Rgb(128, 255, 255), -248, 416,
-       321, 285, BuiltIn::HighScoresPanel},
+      {PicCanvas, "PicCanvas", kShown, sunken, kFixed, kPersistent, face, 8, 8, 320, 240, BuiltIn::Canvas},
+      {PicBackbuff, "PicBackbuff", kHidden, sunken, kFixed, kPersistent, face, 256, 208, 33, 33},
+      {PicBlank, "PicBlank", kHidden, sunken, kAutoSize, kPersistent, white, 216, 208, 33, 33},
+      {picBg1, "picBg1", kHidden, sunken, kAutoSize, kTransient, face, 96, 296, 265, 197},
+      {picBG2, "picBG2", kHidden, sunken, kAutoSize, kTransient, face, 368, 296, 281, 197},
+      {PicSprite(0), "PicSprite", kHidden, sunken, kAutoSize, kPersistent, face, 336, 8, 42, 15},
+      {PicMask(0), "PicMask", kHidden, sunken, kAutoSize, kPersistent, face, 336, 48, 42, 15},
+      {picCont(0), "picCont", kHidden, sunken, kAutoSize, kPersistent, face, 336, 88, 52, 58},
+      {PicContMask(0), "PicContMask", kHidden, sunken, kAutoSize, kPersistent, face, 336, 152, 52, 58},
+      {PicPlainSprite(0), "PicPlainSprite", kHidden, flat, kAutoSize, kPersistent, window, 408, 128, 110, 75},
+      {PicPlainMask(0), "PicPlainMask", kHidden, flat, kAutoSize, kPersistent, window, 576, 128, 110, 75},
+      {picCD, "picCD", kHidden, sunken, kFixed, kPersistent, Rgb(192, 0, 0), 8, 312, 65, 73},
+      {picInvertedMask, "picInvertedMask", kHidden, sunken, kFixed, kPersistent, white, 408, 208, 281, 265},
+      {picHighScores, "picHighScores", kHidden, sunken, kAutoSize, kTransient, Rgb(128, 255, 255), -248, 416, 321, 285,
+       BuiltIn::HighScoresPanel},
   };
 
   const Font title{"Arial Black", 15.75F, 700, true};

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The about box's design.
-#include "ui/about_window.h"
+#include "forms/about_window.h"
 
-#include "ui/design.h"
+#include "forms/design.h"
 
 namespace sorvex {
 
@@ -16,12 +16,10 @@ frmAbout::frmAbout(TwipRatio twipsPerPixel) {
   Caption = "About";
   BackColor = yellow;
   Border = FormBorder::FixedToolWindow;
-  ShowInTaskbar = false;
   CenterOnOwner = true;
   SetClientSize(*this, {312, 213}, twipsPerPixel);
 
-  Apply(SurfaceDesign{picCont, "picCont", kShown, Frame::None, kFixed, kTransient, ScaleMode::Pixels, yellow, 104, 48,
-                      217, 121});
+  Apply(SurfaceDesign{picCont, "picCont", kShown, Frame::None, kFixed, kTransient, yellow, 104, 48, 217, 121});
   Apply(ImageDesign{imgLogo, "imgLogo", BuiltIn::Logo, 8, 8, 96, 96});
 
   const Font title{"Arial Black", 18, 400, true};

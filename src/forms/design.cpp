@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // From a row of a design table to the control's properties.
-#include "ui/design.h"
+#include "forms/design.h"
 
 namespace sorvex {
 
@@ -19,7 +19,6 @@ void Apply(const SurfaceDesign& design) {
   surface.BorderStyle = design.frame;
   surface.AutoSize = design.autoSize;
   surface.AutoRedraw = design.autoRedraw;
-  surface.Scale = design.scale;
   surface.BackColor = design.background;
   surface.DesignPicture = design.picture;
 }

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The theme chooser's design.
-#include "ui/choose_theme_window.h"
+#include "forms/choose_theme_window.h"
 
-#include "ui/design.h"
+#include "forms/design.h"
 
 namespace sorvex {
 
@@ -10,7 +10,6 @@ frmChooseTheme::frmChooseTheme(TwipRatio twipsPerPixel) {
   Name = "frmChooseTheme";
   Caption = "Choose a theme";
   Border = FormBorder::FixedDialog;
-  ShowInTaskbar = false;
   CenterOnOwner = true;
   SetClientSize(*this, {290, 157}, twipsPerPixel);
 

@@ -22,7 +22,6 @@ struct SurfaceDesign {
   Frame frame;
   bool autoSize;
   bool autoRedraw;
-  ScaleMode scale;
   Color background;
   float left, top, width, height;
   BuiltIn picture = BuiltIn::None;

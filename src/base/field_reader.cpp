@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Splitting text into fields.
-#include "highscores/field_reader.h"
+#include "base/field_reader.h"
 
 #include <algorithm>
 

@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: MIT
 // Clock, pointer, sounds, addresses, date, folder.
-#include "platform/win32/services.h"
-
 #include <windows.h>
 #include <mmsystem.h>
 #include <shellapi.h>
@@ -12,7 +10,9 @@
 #include <string_view>
 
 #include "base/limits.h"
+#include "platform/win32/program_path.h"
 #include "platform/win32/text.h"
+#include "platform/win32/win32_desktop.h"
 
 namespace sorvex {
 namespace {
@@ -43,25 +43,25 @@ bool IsNoSound(const std::string& path) {
 
 }  // namespace
 
-Long TickCount() { return static_cast<Long>(::GetTickCount()); }
+Long Win32Desktop::TickCount() { return static_cast<Long>(::GetTickCount()); }
 
-ScreenPoint PointerPosition() {
+ScreenPoint Win32Desktop::PointerPosition() {
   POINT place{};
   ::GetCursorPos(&place);
   return {place.x, place.y};
 }
 
-void PlayWave(const std::string& path) {
+void Win32Desktop::PlayWave(const std::string& path) {
   // Where there is no such file, the system plays that default sound too.
   const std::string sound = IsNoSound(path) ? "SystemDefault" : AnsiPath(path);
   ::sndPlaySoundA(sound.c_str(), SND_ASYNC);
 }
 
-void OpenAddress(const std::string& address) {
+void Win32Desktop::OpenAddress(const std::string& address) {
   ::ShellExecuteA(nullptr, "Open", ToAnsi(address).c_str(), "", "", SW_SHOWNORMAL);
 }
 
-std::string ShortDate() {
+std::string Win32Desktop::ShortDate() {
   const auto format = [](wchar_t* text, int size) {
     return ::GetDateFormatW(LOCALE_USER_DEFAULT, DATE_SHORTDATE, nullptr, nullptr, text, size);
   };
@@ -83,7 +83,7 @@ std::wstring ProgramPath() {
   }
 }
 
-std::string ProgramFolder() {
+std::string Win32Desktop::ProgramFolder() {
   const std::wstring path = ProgramPath();
   const std::size_t end = path.find_last_of(L'\\');
   // Of a drive's root the separator is part.
