@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "game/mask.h"
+#include "platform/desktop_properties.h"
 #include "support/temp_folder.h"
 #include "support/theme_folder.h"
 

@@ -15,6 +15,7 @@
 #include "game/render_loop.h"
 #include "game/return_item.h"
 #include "highscores/panel.h"
+#include "platform/desktop_properties.h"
 #include "support/temp_folder.h"
 #include "themes/load_theme.h"
 #include "unseen_scene.h"

@@ -3,6 +3,7 @@
 #include "highscores/panel.h"
 
 #include "highscores/highscore_table.h"
+#include "platform/desktop_properties.h"
 
 namespace sorvex {
 namespace {

@@ -312,11 +312,5 @@ void ControlArray<T>::Unload(int index) {
 
 /// True when the control and all that it stands on are visible.
 bool IsShown(const Control& control);
-/// Makes a control visible. What a hidden control can do without is made up for: its built-in picture, and the sizes
-/// that auto-size labels take from their texts.
-void ShowControl(Desktop& desktop, const Form& form, Control& control);
-
-/// Gives every picture surface of a new form its background colour and, unless it is hidden, its built-in picture.
-void PaintDesign(Desktop& desktop, Form& form);
 
 }  // namespace sorvex

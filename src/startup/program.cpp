@@ -8,9 +8,9 @@
 #include "game/render_loop.h"
 #include "game/return_item.h"
 #include "highscores/panel.h"
+#include "platform/desktop_properties.h"
 #include "startup/start_up.h"
 #include "themes/choose_theme.h"
-#include "themes/theme_details.h"
 #include "ui/main_window_commands.h"
 
 namespace sorvex {

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
-// What the information image answers.
+// The theme's description and date.
 #pragma once
 
 #include "game/game.h"
 
 namespace sorvex {
 
-/// A released left button shows the about box, a right one the theme's details, any other nothing.
-void imgAbout_MouseUp(Game& game, Integer button);
+/// Shows the description and date of the theme on the field in a box.
+void ShowThemeDetails(Game& game);
 
 }  // namespace sorvex

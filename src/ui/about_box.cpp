@@ -4,6 +4,8 @@
 
 #include <cstdio>
 
+#include "platform/desktop_properties.h"
+
 namespace sorvex {
 namespace {
 

@@ -4,7 +4,10 @@
 
 #include "game/render_loop.h"
 #include "highscores/panel.h"
+#include "platform/desktop_properties.h"
 #include "themes/load_theme.h"
+#include "themes/theme_details.h"
+#include "ui/about_box.h"
 
 namespace sorvex {
 namespace {
@@ -73,6 +76,11 @@ void Command1_Click(Game& game) {
   do {
     PlayOneGame(game, progress);
   } while (state.StartCommand == modVariables::Start::Restarting);
+}
+
+void imgAbout_MouseUp(Game& game, Integer button) {
+  if (button == kLeftButton) ShowAbout(game.desktop, game.form);
+  if (button == kRightButton) ShowThemeDetails(game);
 }
 
 void Image1_Click(Desktop& desktop, frmMain& form) {

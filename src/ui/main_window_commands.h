@@ -15,6 +15,10 @@ bool Form_Load(Game& game);
 /// one, so that games never nest.
 void Command1_Click(Game& game);
 
+/// The information image: a released left button shows the about box, a right one the theme's details, any other
+/// nothing.
+void imgAbout_MouseUp(Game& game, Integer button);
+
 /// Shows or hides the elapsed time.
 void Image1_Click(Desktop& desktop, frmMain& form);
 

@@ -5,6 +5,7 @@
 #include "game/drawing.h"
 #include "game/render_loop.h"
 #include "game/return_item.h"
+#include "platform/desktop_properties.h"
 #include "platform/headless/headless_desktop.h"
 #include "support/random_surfaces.h"
 #include "support/raster.h"

@@ -11,6 +11,7 @@
 #include "base/runtime_error.h"
 #include "highscores/highscore_table.h"
 #include "highscores/panel.h"
+#include "platform/desktop_properties.h"
 #include "platform/win32/write_whole_file.h"
 #include "support/temp_folder.h"
 #include "win32/the_desktop.h"

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "forms/main_window.h"
+#include "platform/desktop_properties.h"
 #include "win32/the_desktop.h"
 
 namespace sorvex {

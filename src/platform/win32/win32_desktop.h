@@ -11,7 +11,7 @@
 #include "platform/handlers.h"
 #include "platform/win32/form_window.h"
 #include "platform/win32/pictures.h"
-#include "platform/win32/registry.h"
+#include "platform/win32/win32_registry.h"
 
 namespace sorvex {
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The registry's own functions.
-#include "platform/win32/registry.h"
+#include "platform/win32/win32_registry.h"
 
 #include <windows.h>
 
