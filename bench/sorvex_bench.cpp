@@ -4,6 +4,9 @@
 #include <benchmark/benchmark.h>
 
 #include <QImage>
+#include <algorithm>
+#include <array>
+#include <cstddef>
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
@@ -23,15 +26,77 @@
 namespace sorvex::bench {
 namespace {
 
-// Copies one field of pixels.
-void Memcpy(benchmark::State& run, const SceneDesign& design) {
-  const Bitmap from(design.field, kWhite);
-  Bitmap to(design.field);
-  for (auto _ : run) {
-    std::memcpy(to.Row(0), from.Row(0), from.Pixels().size_bytes());
-    benchmark::DoNotOptimize(to.Row(0));
+// Reads every pixel of `box`: copying it over the same few lines of the cache is the fastest way to do so.
+void ReadPixels(const Bitmap& bitmap, const Rectangle& box) {
+  std::array<Pixel, 1024> lines;
+  for (int y = box.top; y < box.bottom; ++y) {
+    for (int x = box.left; x < box.right; x += static_cast<int>(lines.size())) {
+      const auto count = static_cast<std::size_t>(std::min(box.right - x, static_cast<int>(lines.size())));
+      std::memcpy(lines.data(), bitmap.Row(y) + x, count * sizeof(Pixel));
+      benchmark::DoNotOptimize(lines.data());
+      benchmark::ClobberMemory();
+    }
+  }
+}
+
+// What a frame cannot do without inside `box`: background to back buffer to play field, and one reading of the pictures
+// and masks that are drawn there.
+class FrameBytes {
+ public:
+  explicit FrameBytes(const Scene& scene)
+      : background_(scene.form.PicBlank.Image()), backBuffer_(background_.Extent()), canvas_(background_.Extent()) {
+    const frmMain& form = scene.form;
+    const modVariables& state = scene.state;
+    const auto add = [this](const PictureBox& surface, Integer x, Integer y) {
+      drawn_.push_back({&surface.Image(), x, y});
+    };
+    add(form.PicPlainSprite(0), state.PlainX(0), state.PlainY(0));
+    add(form.PicPlainMask(0), state.PlainX(0), state.PlainY(0));
+    for (Integer i = 0; i <= state.LastItem; ++i) {
+      add(form.PicSprite(i), state.ItemX(i), state.ItemY(i));
+      add(form.PicMask(i), state.ItemX(i), state.ItemY(i));
+    }
+    add(form.picCont(0), state.ContX(0), state.ContY(0));
+    add(form.PicContMask(0), state.ContX(0), state.ContY(0));
+  }
+
+  void Move(const Rectangle& box) {
+    CopySurface(backBuffer_, background_, box);
+    for (const Drawn& drawn : drawn_) {
+      const Rectangle place = Rectangle::At(drawn.x, drawn.y, drawn.pixels->Extent());
+      ReadPixels(*drawn.pixels, Intersection(place, box).Moved(-drawn.x, -drawn.y));
+    }
+    CopySurface(canvas_, backBuffer_, box);
     benchmark::ClobberMemory();
   }
+
+ private:
+  struct Drawn {
+    const Bitmap* pixels;
+    int x;
+    int y;
+  };
+
+  const Bitmap& background_;
+  Bitmap backBuffer_;
+  Bitmap canvas_;
+  std::vector<Drawn> drawn_;
+};
+
+// What the whole field's bytes cost.
+void FrameLimit(benchmark::State& run, const SceneDesign& design) {
+  const UnseenScene scene(design);
+  FrameBytes bytes(scene);
+  for (auto _ : run) bytes.Move(Rectangle::At(0, 0, design.field));
+}
+
+// What the bytes cost inside the dirty rectangle of an item that moves by 3 pixels.
+void MovingLimit(benchmark::State& run, const SceneDesign& design) {
+  const UnseenScene scene(design);
+  FrameBytes bytes(scene);
+  const Rectangle box =
+      Rectangle::At(scene.state.ItemX(0), scene.state.ItemY(0) - 4 - 3, {design.item.width, design.item.height + 3});
+  for (auto _ : run) bytes.Move(box);
 }
 
 // A full redraw and both tests: nothing is known of the last frame.
@@ -39,7 +104,7 @@ void Frame(benchmark::State& run, const SceneDesign& design) {
   UnseenScene scene(design);
   for (auto _ : run) {
     scene.game.frame.backbuffRevision = scene.game.frame.canvasRevision = 0;
-    scene.game.frame.settled = false;
+    scene.game.frame.settled.reset();
     DrawAndTestFrame(scene.game);
     benchmark::ClobberMemory();
   }
@@ -152,8 +217,9 @@ void Register(const std::string& name, const Work& work) {
 }
 
 void RegisterAll(Desktop& desktop) {
-  Register("Memcpy", Memcpy);
+  Register("FrameLimit", FrameLimit);
   Register("Frame", Frame);
+  Register("MovingLimit", MovingLimit);
   Register("Moving", Moving);
   Register("Still", Still);
   Register("Contact", Contact);

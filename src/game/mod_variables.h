@@ -49,6 +49,7 @@ struct modVariables : ItemTable {
   Slots<Integer, 5> PlainX, PlainY;  ///< the target; only element 0 is used
   Integer CurItem = 0;               ///< picked up, dragged, tested, sent back
   Integer CurCont = 0;               ///< drawn, and taken out of play with the item put in
+  Long GameStart = 0;                ///< the tick count from which the running game's elapsed time counts
   bool GameEnded = false;            ///< a frame loop that finds it set after its event delivery leaves at once
   std::string ThemeName;             ///< the current theme's folder, beside the executable
 

@@ -79,19 +79,21 @@ FrameState StateNow(const Game& game) {
           .workSize = form.picCD.ScaleSize()};
 }
 
-// Milliseconds until the elapsed time shows its next hundredth.
-int UntilNextHundredth(Long start, Long now) {
-  const auto milliseconds = static_cast<std::uint32_t>(now) - static_cast<std::uint32_t>(start);
+// Milliseconds for which a frame like the last one need not follow: until the elapsed time, if it is shown, has its
+// next hundredth.
+int Patience(const Game& game) {
+  if (!game.form.lblTime.Visible) return Desktop::kUntilAnEvent;
+  const auto milliseconds =
+      static_cast<std::uint32_t>(game.desktop.TickCount()) - static_cast<std::uint32_t>(game.state.GameStart);
   return 10 - static_cast<int>((milliseconds + 5) % 10);
 }
 
 // One frame; false when the run was ended by the start of another.
-bool RunFrame(Game& game, Long start) {
+bool RunFrame(Game& game) {
   const bool repeated = !DrawAndTestFrame(game);
-  game.desktop.DeliverEvents(repeated ? UntilNextHundredth(start, game.desktop.TickCount()) : 0);
+  game.desktop.DeliverEvents(repeated ? Patience(game) : 0);
   if (game.state.GameEnded) return false;
-  const double elapsed = ElapsedSeconds(start, game.desktop.TickCount());
-  game.form.lblTime.SetCaption(game.desktop, NumberText(elapsed));
+  const double elapsed = ShowElapsed(game);
   // A theme loaded by one of the events ends the run without a report, also when it has no items.
   if (!game.form.StopRendering && EveryItemIsPutIn(game.state)) ReportGameOver(game, elapsed);
   return true;
@@ -101,9 +103,9 @@ bool RunFrame(Game& game, Long start) {
 
 void RenderLoop(Game& game) {
   try {
-    const Long start = game.desktop.TickCount();
+    game.state.GameStart = game.desktop.TickCount();
     game.form.StopRendering = false;
-    while (RunFrame(game, start) && !game.form.StopRendering) {
+    while (RunFrame(game) && !game.form.StopRendering) {
     }
   } catch (...) {
     const RuntimeError error = CurrentError();
@@ -130,6 +132,12 @@ bool DrawAndTestFrame(Game& game) {
   TestPlacement(game);
   if (!touched && before == StateNow(game)) game.frame.settled = before;
   return true;
+}
+
+double ShowElapsed(Game& game) {
+  const double elapsed = ElapsedSeconds(game.state.GameStart, game.desktop.TickCount());
+  game.form.lblTime.SetCaption(game.desktop, NumberText(elapsed));
+  return elapsed;
 }
 
 double ElapsedSeconds(Long start, Long now) {

@@ -18,6 +18,9 @@ bool GameRuns(const Game& game);
 /// every respect, and was left out.
 bool DrawAndTestFrame(Game& game);
 
+/// Gives the elapsed time's label the time of the running game, in seconds, and returns it.
+double ShowElapsed(Game& game);
+
 /// Seconds between two tick counts, rounded half up to hundredths. Throws Overflow (6) when the difference is no Long.
 double ElapsedSeconds(Long start, Long now);
 

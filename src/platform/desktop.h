@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <limits>
 #include <memory>
 #include <optional>
 #include <span>
@@ -58,6 +59,8 @@ class Desktop {
   /// Brings every window up to date, delivers all pending events (input in order, due timers, paints), returns. When
   /// nothing is pending it first waits for something, up to `patience` milliseconds.
   virtual void DeliverEvents(int patience = 0) = 0;
+  /// The longest patience, 24 days: until an event comes.
+  static constexpr int kUntilAnEvent = std::numeric_limits<int>::max();
   /// Shows the surface's image on the screen before returning. Since the last call only what lies in the boxes
   /// `changed` (drawing area pixels) has changed.
   virtual void Refresh(PictureBox& surface, std::span<const Rectangle> changed) = 0;

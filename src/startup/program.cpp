@@ -47,7 +47,7 @@ void Program::BindEvents() {
   form.imgAbout.MouseUp = [this](Integer button, Integer, float, float) { imgAbout_MouseUp(game, button); };
   form.imgAbout.Commands = {{"About", 1, [this] { imgAbout_MouseUp(game, kLeftButton); }},
                             {"Theme details", 2, [this] { imgAbout_MouseUp(game, kRightButton); }}};
-  form.Image1.Click = [this] { Image1_Click(game.desktop, form); };
+  form.Image1.Click = [this] { Image1_Click(game); };
   form.tmrChangePicBack.Tick = [this] { tmrChangePicBack_Timer(form); };
 }
 

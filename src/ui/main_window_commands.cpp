@@ -83,11 +83,15 @@ void imgAbout_MouseUp(Game& game, Integer button) {
   if (button == kRightButton) ShowThemeDetails(game);
 }
 
-void Image1_Click(Desktop& desktop, frmMain& form) {
-  if (form.lblTime.Visible)
-    form.lblTime.Visible = false;
-  else
-    ShowControl(desktop, form, form.lblTime);
+void Image1_Click(Game& game) {
+  Label& time = game.form.lblTime;
+  if (time.Visible) {
+    time.Visible = false;
+    return;
+  }
+  // While it is hidden no frame follows for its sake: it may be old.
+  if (GameRuns(game)) ShowElapsed(game);
+  ShowControl(game.desktop, game.form, time);
 }
 
 void Form_Unload(frmMain& form) {

@@ -20,7 +20,7 @@ void Command1_Click(Game& game);
 void imgAbout_MouseUp(Game& game, Integer button);
 
 /// Shows or hides the elapsed time.
-void Image1_Click(Desktop& desktop, frmMain& form);
+void Image1_Click(Game& game);
 
 /// Ends the program at once; always throws ProgramEnded.
 [[noreturn]] void Form_Unload(frmMain& form);

@@ -23,6 +23,20 @@ TEST(Elapsed, RoundsHundredthsHalfUp) {
   EXPECT_THROW(ElapsedSeconds(-2147483647, 2147483647), RuntimeError);
 }
 
+TEST(Elapsed, IsWaitedForOnlyWhileItIsShownAndRightAtOnce) {
+  Story story({CupTheme(1)});
+  const Label& time = story.form.lblTime;
+  story.Start().Frames(3).Then([&] { EXPECT_EQ(story.desktop.Patience, Desktop::kUntilAnEvent); });
+  story.Wait(1234).Then([&] {
+    story.form.Image1.Click();
+    EXPECT_TRUE(time.Visible);
+    EXPECT_EQ(time.Caption, "1.23");
+  });
+  story.Frames(1).Then([&] { EXPECT_EQ(story.desktop.Patience, 1) << "1.24 seconds begin at 1235 ms"; });
+  story.Then(story.form.Image1.Click).Frames(1).Run();
+  EXPECT_EQ(story.desktop.Patience, Desktop::kUntilAnEvent);
+}
+
 TEST(AFrame, TestsContactBeforePlacementAndSoundsAfterTheSlide) {
   TestTheme theme = CupTheme(2);
   theme.targetX = 40;  // the target lies across the cup's right wall
