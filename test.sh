@@ -1,7 +1,8 @@
 #!/bin/sh
 # SPDX-License-Identifier: MIT
-# Installs what is missing, builds everything and runs every test, those of Windows under Wine, the core's also under the
-# sanitizers. The program for 32-bit Windows is only built: this Wine runs 64-bit programs.
+# Installs what is missing, builds everything, holds the code to its habits (tools/check.sh) and runs every test, those of
+# Windows under Wine, the core's also under the sanitizers. The program for 32-bit Windows is only built: this Wine runs
+# 64-bit programs.
 set -eu
 cd "$(dirname "$0")"
 . tools/packages.sh
@@ -14,6 +15,7 @@ cmake --build --preset windows-x86_64
 ctest --preset windows-x86_64
 cmake --preset dev
 cmake --build --preset dev
+tools/check.sh
 ctest --preset dev
 cmake --preset asan
 cmake --build --preset asan --target sorvex-core-tests

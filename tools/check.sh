@@ -1,7 +1,8 @@
 #!/bin/sh
 # SPDX-License-Identifier: MIT
 # Holds the code to its habits: architecture (always), formatting and lint (unless called with --architecture; they
-# need clang-format and clang-tidy, and build/dev configured). Prints what is wrong; exits 1 when anything is.
+# need clang-format, clang-tidy, mingw, and build/dev and build/windows-x86_64 configured). Prints what is wrong; exits 1
+# when anything is, or when a tool is missing.
 set -u
 cd "$(dirname "$0")/.."
 failed=0
@@ -29,13 +30,29 @@ complain "No include cycle:" \
     tsort 2>&1 >/dev/null)"
 
 if [ "${1-}" != --architecture ]; then
-  [ -e build/dev/compile_commands.json ] || complain "Lint needs build/dev:" "run cmake --preset dev and build it first"
+  mingw=x86_64-w64-mingw32-g++-win32
+  for tool in clang-format clang-tidy $mingw; do
+    command -v $tool >/dev/null || complain "A tool is missing (./test.sh installs it):" "$tool"
+  done
+  for build in dev windows-x86_64; do
+    [ -e build/$build/compile_commands.json ] || complain "Lint needs build/$build:" "run cmake --preset $build first"
+  done
   # shellcheck disable=SC2046  # file names without blanks
   complain "Not formatted (clang-format -i mends it):" \
     "$(clang-format --dry-run $(git ls-files '*.h' '*.cpp') 2>&1 | grep -oE '^[^:]+:[0-9]+' | sort -u)"
-  # What build/dev does not compile, for another system, has no flags to lint it with.
-  # shellcheck disable=SC2046
-  [ ! -e build/dev/compile_commands.json ] || complain "Lint:" "$(clang-tidy --quiet -p build/dev \
-    $(git ls-files 'src/*.cpp' | grep -v '^src/platform/win32/') 2>/dev/null | grep -E 'warning|error')"
+  # lint BUILD FILTER [ARGUMENT...]: what clang-tidy finds in those sources, a few files at a time on every processor.
+  lint() {
+    build=build/$1
+    files=$2
+    shift 2
+    git ls-files 'src/*.cpp' | grep $files '^src/platform/win32/' |
+      xargs -P "$(nproc)" -n 3 clang-tidy --quiet -p "$build" "$@" 2>/dev/null |
+      grep -E '(warning|error):' | sort -u
+  }
+  complain "Lint:" "$(lint dev -v)"
+  headers=$($mingw -print-file-name=include/c++)
+  complain "Lint of the front end for Windows:" "$(lint windows-x86_64 -e \
+    --extra-arg=--target=x86_64-w64-windows-gnu \
+    --extra-arg=-stdlib++-isystem"$headers" --extra-arg=-stdlib++-isystem"$headers/x86_64-w64-mingw32")"
 fi
 exit $failed

@@ -2,11 +2,14 @@
 // Numbers, and text in two encodings.
 #include <gtest/gtest.h>
 
+#include <clocale>
 #include <cmath>
+#include <cstdlib>
 
 #include "base/numbers.h"
 #include "base/runtime_error.h"
 #include "base/text.h"
+#include "support/temp_folder.h"
 
 namespace sorvex {
 namespace {
@@ -40,6 +43,18 @@ TEST(Numbers, AreWrittenWithAPeriodAndNoTrailingZeros) {
   const std::pair<double, const char*> cases[] = {{0, "0"},       {12, "12"},   {12.3, "12.3"},       {.75, "0.75"},
                                                   {1.01, "1.01"}, {100, "100"}, {86400.5, "86400.5"}, {-1.5, "-1.5"}};
   for (const auto& [value, text] : cases) EXPECT_EQ(NumberText(value), text);
+#ifdef _WIN32
+  const char* const locale = std::setlocale(LC_NUMERIC, "German_Germany.1252");
+#else
+  const TempFolder folder;
+  ASSERT_EQ(std::system(("localedef -i de_DE -f UTF-8 " + (folder.Path() / "de_DE.UTF-8").string()).c_str()), 0);
+  ::setenv("LOCPATH", folder.Path().c_str(), 1);
+  const char* const locale = std::setlocale(LC_NUMERIC, "de_DE.UTF-8");
+#endif
+  ASSERT_NE(locale, nullptr);
+  EXPECT_STREQ(std::localeconv()->decimal_point, ",");
+  for (const auto& [value, text] : cases) EXPECT_EQ(NumberText(value), text) << "where the separator is a comma";
+  std::setlocale(LC_NUMERIC, "C");
 }
 
 TEST(Text, IsReadAsWindows1252UnlessItIsUtf8) {
@@ -48,11 +63,11 @@ TEST(Text, IsReadAsWindows1252UnlessItIsUtf8) {
       {"Zo\xC3\xAB", "Zo\xC3\xAB"},
       {"Zo\xEB", "Zo\xC3\xAB"},
       {"5 \x80", "5 \xE2\x82\xAC"},
-      {"\xF4\x8F\xBF\xBF", "\xF4\x8F\xBF\xBF"},          // the last character there is
-      {"\xF5\x80", "\xC3\xB5\xE2\x82\xAC"},              // beyond it
-      {"\xC0\xAF", "\xC3\x80\xC2\xAF"},                  // overlong
-      {"\xED\xA0\x80", "\xC3\xAD\xC2\xA0\xE2\x82\xAC"},  // half a surrogate pair
-      {"\xE2\x82", "\xC3\xA2\xE2\x80\x9A"},              // cut short
+      {"\xF4\x8F\xBF\xBF", "\xF4\x8F\xBF\xBF"},                              // the last character there is
+      {"\xF5\x80\x80\x80", "\xC3\xB5\xE2\x82\xAC\xE2\x82\xAC\xE2\x82\xAC"},  // beyond it
+      {"\xC0\xAF", "\xC3\x80\xC2\xAF"},                                      // overlong
+      {"\xED\xA0\x80", "\xC3\xAD\xC2\xA0\xE2\x82\xAC"},                      // half a surrogate pair
+      {"\xE2\x82", "\xC3\xA2\xE2\x80\x9A"},                                  // cut short
   };
   for (const auto& [bytes, text] : cases) EXPECT_EQ(DecodeText(bytes), text);
 }

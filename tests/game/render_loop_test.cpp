@@ -26,7 +26,8 @@ TEST(Elapsed, RoundsHundredthsHalfUp) {
 TEST(Elapsed, IsWaitedForOnlyWhileItIsShownAndRightAtOnce) {
   Story story({CupTheme(1)});
   const Label& time = story.form.lblTime;
-  story.Start().Frames(3).Then([&] { EXPECT_EQ(story.desktop.Patience, Desktop::kUntilAnEvent); });
+  story.Start().Then([&] { EXPECT_EQ(story.desktop.Patience, 0) << "the frame before changed"; });
+  story.Frames(3).Then([&] { EXPECT_EQ(story.desktop.Patience, Desktop::kUntilAnEvent); });
   story.Wait(1234).Then([&] {
     story.form.Image1.Click();
     EXPECT_TRUE(time.Visible);

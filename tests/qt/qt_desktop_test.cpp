@@ -63,6 +63,10 @@ TEST(QtDesktop, KeepsTheRegistryInAFileOfItsOwnAndTouchesNoOther) {
   std::filesystem::create_directory(folder.Path() / "sorvex/registry.ini.lock");  // the toolkit's; it would wait for it
   EXPECT_EQ(record("/opt/\xC3\xA9"), mdlRegistry::Variant());
   EXPECT_EQ(record("/moved"), mdlRegistry::Variant("/opt/\xC3"s)) << "as many bytes as characters";
+  const std::filesystem::file_time_type longAgo{};
+  std::filesystem::last_write_time(file, longAgo);
+  record("/moved");
+  EXPECT_EQ(std::filesystem::last_write_time(file), longAgo) << "written although nothing changed";
   for (const char* notOurs : {"hello\nworld\n[mine]\na = 1, 2\n; note", "\x01\xFF no text"}) {
     WriteFile(file, notOurs);
     record("/elsewhere");

@@ -124,6 +124,7 @@ TEST(TheFallback, EndsWhenTheDefaultThemeFailsToo) {
     story.desktop.Boxes.clear();
     Choose(story, chosen);
     EXPECT_EQ(Snapshot(story), loaded);
+    EXPECT_EQ(story.state.ThemeName, chosen) << "not the one that could not be loaded either";
     return story.desktop.Boxes;
   };
   fs::remove(story.ThemeFile("Theme2.ini"));

@@ -47,7 +47,7 @@ TEST(ThemeIni, GroupsOfFourLinesAreItems) {
 TEST(ThemeIni, SaysWhichLineCannotBeUsed) {
   const struct {
     std::string text;
-    const char* reason;
+    std::string reason;
   } cases[] = {
       {"1\r\n2\r\nabc\r\n4\r\n", "Theme.ini, line 3: 'abc' is not a number"},
       {Lines(6) + "1e3\r\n8\r\n", "Theme.ini, line 7: '1e3' is not a number"},
@@ -55,6 +55,8 @@ TEST(ThemeIni, SaysWhichLineCannotBeUsed) {
       {"32768\r\n2\r\n3\r\n4\r\n", "Theme.ini, line 1: '32768' is not between -32768 and 32767"},
       {"1\r\n-32768.6\r\n3\r\n4\r\n", "Theme.ini, line 2: '-32768.6' is not between -32768 and 32767"},
       {Lines(7), "Theme.ini, line 7: the last item has 3 of its 4 lines"},
+      {std::string(39, 'x') + "\u00EBy", "Theme.ini, line 1: '" + std::string(39, 'x') + "\u00EB...' is not a number"},
+      {std::string(40, 'x') + "\u00EBy", "Theme.ini, line 1: '" + std::string(40, 'x') + "...' is not a number"},
       {Lines(85), "Theme.ini, line 85: a theme has at most 21 items"},
   };
   for (const auto& c : cases) EXPECT_EQ(Refusal([&] { ParseItems(c.text); }), c.reason);

@@ -43,6 +43,16 @@ TEST_F(About, OnlyCommentsTallerThanTheirBoxScrollForEver) {
   });
 }
 
+TEST_F(About, ATitleWiderThanTheCommentsTakesTheWholeWidth) {
+  for (const auto& [letters, left, width] : {std::tuple{24, 96.F, 24 * 8.F}, {25, 0.F, 318.F}}) {
+    story.desktop.Title = std::string(static_cast<std::size_t>(letters), 'W');
+    Open([&](frmAbout& box) {
+      EXPECT_EQ(box.lblTit.Left, left);
+      EXPECT_EQ(box.lblTit.Width, width);
+    });
+  }
+}
+
 TEST_F(About, TheLogoFollowsThePointerWithCtrlAloneUntilTheRelease) {
   const struct {
     Integer button;
@@ -88,7 +98,7 @@ TEST_F(About, OpensItsLinks) {
     }
   });
   EXPECT_EQ(story.desktop.OpenedAddresses,
-            (std::vector<std::string>{MakerWebAddress(), "mailto:" + MakerEmailAddress()}));
+            (std::vector<std::string>{"https://sorvex.example/", "mailto:hello@sorvex.example"}));
 }
 
 }  // namespace

@@ -93,6 +93,8 @@ TEST(Keys, NeverReachAHiddenButton) {
   Story story;
   frmMain& form = story.form;
   EXPECT_EQ(TabOrder(form), (std::vector<Control*>{&form.Command1, &form.cmdShowHighscores, &form.PicCanvas}));
+  EXPECT_EQ(NextInTabOrder(form, &form.cmdShowHighscores, true), &form.PicCanvas);
+  EXPECT_EQ(NextInTabOrder(form, &form.cmdShowHighscores, false), &form.Command1);
   EXPECT_EQ(ButtonForEnter(form, &form.cmdHideScores), &form.cmdShowHighscores);
   EXPECT_NE(FocusAfter(form, form.cmdHideScores), &form.cmdHideScores);
   form.cmdShowHighscores.Click();

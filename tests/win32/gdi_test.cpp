@@ -1,13 +1,10 @@
 // SPDX-License-Identifier: MIT
-// Drawing and the contact test held against GDI itself, of which every other test's raster operations are a copy.
+// The raster operations of the other tests, which drawing and the contact test are held against, beside GDI's own.
 #include <windows.h>
 #include <gtest/gtest.h>
 
 #include <cstdlib>
-#include <memory>
 
-#include "game/collision.h"
-#include "game/drawing.h"
 #include "platform/win32/built_ins.h"
 #include "support/random_surfaces.h"
 #include "support/raster.h"
@@ -16,12 +13,11 @@ namespace sorvex {
 namespace {
 
 constexpr Pixel kColour = 0xFFFFFF;  // GDI may set the byte above it
-constexpr Pixel kWorkColour = 0xC00000;
 
 // A surface in GDI's hands.
 class Dib {
  public:
-  explicit Dib(Size size, Pixel fill = 0) : size_(size), context_(::CreateCompatibleDC(nullptr)) {
+  explicit Dib(Size size, Pixel fill = 0) : context_(::CreateCompatibleDC(nullptr)) {
     BITMAPINFO info{};
     info.bmiHeader.biSize = sizeof info.bmiHeader;
     info.bmiHeader.biWidth = size.width;
@@ -33,7 +29,7 @@ class Dib {
     pixels_ = {static_cast<Pixel*>(pixels),
                static_cast<std::size_t>(size.width) * static_cast<std::size_t>(size.height)};
     before_ = ::SelectObject(context_, bitmap_);
-    Clear(fill);
+    std::ranges::fill(pixels_, fill);
   }
   explicit Dib(const Bitmap& bitmap) : Dib(bitmap.Extent()) { std::ranges::copy(bitmap.Pixels(), pixels_.begin()); }
   Dib(const Dib&) = delete;
@@ -44,12 +40,7 @@ class Dib {
     ::DeleteDC(context_);
   }
 
-  Size Extent() const { return size_; }
   HDC Context() const { return context_; }
-  void Clear(Pixel fill) {
-    ::GdiFlush();
-    std::ranges::fill(pixels_, fill);
-  }
   /// As BitBlt has it.
   void Copy(int x, int y, Size size, const Dib& source, int sourceX, int sourceY, DWORD operation) {
     EXPECT_TRUE(::BitBlt(context_, x, y, size.width, size.height, source.context_, sourceX, sourceY, operation));
@@ -62,7 +53,6 @@ class Dib {
   }
 
  private:
-  Size size_;
   HDC context_;
   HBITMAP bitmap_;
   HGDIOBJ before_;
@@ -91,31 +81,6 @@ TEST(Gdi, CopiesAsTheRasterOperationsOfTheOtherTestsDo) {
   }
 }
 
-TEST(Gdi, DrawsThroughMasksAndCopiesFramesToTheSamePixels) {
-  Random random;
-  SCOPED_TRACE(random.Seed);
-  const auto size = [&](int most) { return Size{random.Number(1, most), random.Number(1, most)}; };
-  for (int round = 0; round < 4000; ++round) {
-    const Frame frame = random.Number(0, 1) == 0 ? Frame::Sunken : Frame::Flat;
-    const Size pictureSize = size(24);
-    const PictureBox picture = AutoSurface(random.Bitmap(pictureSize, Colours::Any), frame);
-    const PictureBox mask = AutoSurface(random.Bitmap(random.Number(0, 1) == 0 ? pictureSize : size(30),
-                                                      random.Number(0, 2) == 0 ? Colours::Any : Colours::MaskLike),
-                                        frame);
-    const Bitmap background = random.Bitmap(size(40), Colours::Any);
-    Bitmap field = random.Bitmap(size(40), Colours::Any);
-    const int x = random.Number(-35, 45), y = random.Number(-35, 45);
-
-    Dib expected(field);
-    expected.Copy(0, 0, field.Extent(), Dib(background), 0, 0, SRCCOPY);
-    expected.Copy(x, y, picture.OuterSize(), Dib(mask.Image()), 0, 0, MERGEPAINT);
-    expected.Copy(x, y, picture.OuterSize(), Dib(picture.Image()), 0, 0, SRCAND);
-    CopySurface(field, background, field.Bounds());
-    DrawMasked(field, x, y, picture, mask, field.Bounds());
-    ASSERT_TRUE(expected.Shows(field)) << "round " << round << " at " << x << ", " << y;
-  }
-}
-
 // Scaled by the system, the folder has pixels as green or red as no folder.
 TEST(Gdi, PaintsTheFolderIconInItsColoursAtASizeThatItsFileHasNot) {
   Dib button(Size{24, 24}, 0xC0C0C0);
@@ -129,52 +94,6 @@ TEST(Gdi, PaintsTheFolderIconInItsColoursAtASizeThatItsFileHasNot) {
     }
   }
   EXPECT_GT(yellow, 100);
-}
-
-// The two hidden work surfaces and what the contact test does on them.
-struct WorkSurfaces {
-  std::unique_ptr<Dib> work = std::make_unique<Dib>(Size{61, 69}, kWorkColour);
-  Dib inverted{{277, 261}, kColour};
-
-  bool Contact(int dx, int dy, const PictureBox& itemMask, const PictureBox& containerMask) {
-    const Dib item(itemMask.Image());
-    const Dib container(containerMask.Image());
-    work->Clear(kWorkColour);
-    work->Copy(0, 0, containerMask.OuterSize(), container, dx, dy, MERGEPAINT);
-    work->Copy(0, 0, containerMask.OuterSize(), container, dx, dy, SRCINVERT);
-    inverted.Copy(0, 0, itemMask.OuterSize(), item, 0, 0, SRCINVERT);
-    work->Copy(0, 0, itemMask.OuterSize(), inverted, 0, 0, MERGEPAINT);
-    work->Copy(0, 0, itemMask.OuterSize(), inverted, 0, 0, SRCAND);
-    inverted.Clear(kColour);
-    auto resized = std::make_unique<Dib>(item.Extent(), kWorkColour);
-    resized->Copy(0, 0, item.Extent(), *work, 0, 0, SRCCOPY);
-    work = std::move(resized);
-    for (int y = 0; y < item.Extent().height; ++y)
-      for (int x = 0; x <= item.Extent().width; ++x)
-        if (work->At(x, y) == kColour) return true;
-    return false;
-  }
-};
-
-TEST(Gdi, FindsTheSameContacts) {
-  Random random;
-  SCOPED_TRACE(random.Seed);
-  int contacts = 0;
-  for (int series = 0; series < 400; ++series) {
-    WorkSurfaces surfaces;
-    PictureBox work = FixedSurface(Bitmap({61, 69}));
-    for (int round = 0; round < 10; ++round) {
-      const Size largest = random.Number(0, 19) == 0 ? Size{280, 265} : Size{140, 30};
-      const auto [itemMask, containerMask, dx, dy] = RandomContact(random, largest);
-
-      const bool expected = surfaces.Contact(dx, dy, itemMask, containerMask);
-      ASSERT_EQ(HitsContainer(ToInteger(7 + dx), ToInteger(9 + dy), 7, 9, itemMask, containerMask, work), expected)
-          << "series " << series << " round " << round << " distance " << dx << ", " << dy;
-      contacts += expected ? 1 : 0;
-    }
-  }
-  EXPECT_GT(contacts, 200) << "too few contacts to mean anything";
-  EXPECT_LT(contacts, 3800);
 }
 
 }  // namespace

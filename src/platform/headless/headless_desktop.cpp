@@ -109,7 +109,7 @@ Pixel HeadlessDesktop::ResolveColor(Color color) {
 }
 
 VersionInfo HeadlessDesktop::Version() {
-  return {"Sorvex", 1, 0, 0, "A game to test how accurate you are with the mouse", "Headless build"};
+  return {Title, 1, 0, 0, "A game to test how accurate you are with the mouse", "Headless build"};
 }
 
 void HeadlessDesktop::UpdateFile(const std::string& path, const FileContent& content) {

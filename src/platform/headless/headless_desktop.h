@@ -33,6 +33,7 @@ class HeadlessDesktop : public Desktop {
   TwipRatio Twips;
   MapRegistry StoredRegistry;
   std::string Today = "03/14/26";
+  std::string Title = "Sorvex";  ///< the program's, in its version
   ScreenPoint Pointer;
   bool KeepFrames = false;                   ///< collect Frames
   std::optional<RuntimeError> WriteFailure;  ///< what UpdateFile throws instead of writing
