@@ -85,7 +85,7 @@ class Readable final : public QAccessibleWidget {
  private:
   std::vector<QWidget*> Children() const {
     std::vector<QWidget*> children;
-    for (const Control* control : ReadingOrder(window_.ShownForm(), surface_))
+    for (const Control* control : ReadingOrder(window_.Controller().ShownForm(), surface_))
       if (QWidget* widget = window_.WidgetOf(*control)) children.push_back(widget);
     return children;
   }

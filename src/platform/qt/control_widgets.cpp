@@ -160,7 +160,6 @@ class ButtonWidget final : public QPushButton, public ControlWidget {
   }
 
   QWidget& Widget() override { return *this; }
-  void Click() override { click(); }
   void MarkForEnter(bool marked) override { setDefault(marked); }
 
   void Sync() override {

@@ -23,7 +23,7 @@ class ControlWidget {
   virtual void Sync() = 0;
   /// Buttons, surfaces and lists lie in front of the labels and images of their container.
   virtual bool IsWindowed() const { return true; }
-  /// A click without a pointer: by the keyboard or by assistive technology.
+  /// A click on what is no button, by assistive technology.
   virtual void Click() {}
   /// Runs one of an image's commands.
   virtual void Do(const Command& /*command*/) {}

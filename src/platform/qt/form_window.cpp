@@ -11,7 +11,6 @@
 #include <QWindow>
 #include <algorithm>
 #include <cstddef>
-#include <cstdint>
 #include <unordered_set>
 #include <utility>
 
@@ -36,52 +35,27 @@ QIcon UnseenIcon() {
   return pixels;
 }
 
-// "[*]" in a title is the toolkit's mark for a changed document, unless it is doubled.
-QString TitleOf(const std::string& caption) {
-  return ToQt(caption).replace(QLatin1String("[*]"), QLatin1String("[*][*]"));
-}
-
 }  // namespace
 
 FormWindow::FormWindow(std::unique_ptr<FormContext> context, FormWindow* owner)
     : PointerArea(*context, nullptr, owner, FlagsOf(context->form, owner != nullptr)),
       ownedContext_(std::move(context)),
-      owner_(owner),
-      background_(context_.form.BackColor) {
+      owner_(owner) {
   if (owner != nullptr) setWindowModality(Qt::ApplicationModal);
   timer_.setSingleShot(true);
   timer_.setTimerType(Qt::PreciseTimer);
-  connect(&timer_, &QTimer::timeout, this, [this] { RunTimers(); });
-}
-
-void FormWindow::Sync() {
-  SyncWindow();
-  SyncControls();
-  ArmTimer();
+  connect(&timer_, &QTimer::timeout, this, [this] { controller_.TimerFired(); });
 }
 
 void FormWindow::Open() {
-  Sync();
-  Focus(NextInTabOrder(context_.form, nullptr, true));
+  controller_.Sync();
+  controller_.FocusFirst();
   if (context_.form.CenterOnOwner && owner_ != nullptr) CenterOnOwner();
   show();
   // The window manager is at work meanwhile, so this does not delay the first paint.
   setWindowIcon(context_.form.Icon == BuiltIn::None ? UnseenIcon() : BuiltInIcon(context_.form.Icon));
   windowHandle()->installEventFilter(this);
-  KeepPosition();
-}
-
-void FormWindow::Unload() {
-  context_.handlers.Run([&form = context_.form] {
-    if (form.Unload) form.Unload();
-    form.Loaded = false;
-  });
-}
-
-void FormWindow::RunTimers() {
-  const auto due = [this](Long now) { return NextTimer(context_.form, now) == 0; };
-  if (!due(context_.desktop.TickCount())) return;
-  context_.handlers.Run([this] { RunDueTimers(context_.form, context_.desktop.TickCount()); });
+  controller_.Moved(geometry().left(), geometry().top());
 }
 
 QWidget* FormWindow::WidgetOf(const Control& control) const {
@@ -89,35 +63,32 @@ QWidget* FormWindow::WidgetOf(const Control& control) const {
   return found == widgets_.end() ? nullptr : &found->second->Widget();
 }
 
-void FormWindow::SyncWindow() {
-  const Form& form = context_.form;
-  if (caption_ != form.Caption) {
-    caption_ = form.Caption;
-    setWindowTitle(TitleOf(caption_));
-  }
-  if (background_ != form.BackColor) {
-    background_ = form.BackColor;
-    update();
-  }
-  if (FormSize() == seenSize_) return;
-  setSize_ = seenSize_ = FormSize();
-  const Size client = ClientSize(form, context_.desktop.TwipsPerPixel());
-  requested_ = QSize(client.width, client.height);
-  if (form.Border == FormBorder::Sizable)
-    resize(requested_);
-  else
-    setFixedSize(requested_);
+void FormWindow::SetCaption(const std::string& caption) {
+  // "[*]" in a title is the toolkit's mark for a changed document, unless it is doubled.
+  setWindowTitle(ToQt(caption).replace(QLatin1String("[*]"), QLatin1String("[*][*]")));
 }
 
-void FormWindow::SyncControls() {
-  const Form& form = context_.form;
-  if (mirrored_ != form.Controls) {
-    DropWidgetsOfGoneControls();
-    mirrored_ = form.Controls;
-  }
-  LeaveGoneFocus();
+void FormWindow::SetClientSize(Size client) {
+  const QSize size(client.width, client.height);
+  if (context_.form.Border == FormBorder::Sizable)
+    resize(size);
+  else
+    setFixedSize(size);
+}
+
+void FormWindow::ControlsChanged() {
+  const std::unordered_set<const Control*> present(context_.form.Controls.begin(), context_.form.Controls.end());
+  std::erase_if(widgets_, [&](const auto& entry) {
+    if (present.contains(entry.first)) return false;
+    entry.second->Widget().hide();
+    entry.second->Widget().deleteLater();
+    return true;
+  });
+}
+
+bool FormWindow::SyncControls() {
   const std::size_t before = widgets_.size();
-  for (Control* control : form.Controls) {
+  for (Control* control : context_.form.Controls) {
     const auto widget = widgets_.find(control);
     if (IsShown(*control)) {
       ControlWidget* shown = widget != widgets_.end() ? widget->second : Mirror(*control);
@@ -127,19 +98,8 @@ void FormWindow::SyncControls() {
     }
   }
   const bool grown = widgets_.size() != before;
-  if (!grown) return;
-  Restack();
-  MarkFocus();
-}
-
-void FormWindow::DropWidgetsOfGoneControls() {
-  const std::unordered_set<const Control*> present(context_.form.Controls.begin(), context_.form.Controls.end());
-  std::erase_if(widgets_, [&](const auto& entry) {
-    if (present.contains(entry.first)) return false;
-    entry.second->Widget().hide();
-    entry.second->Widget().deleteLater();
-    return true;
-  });
+  if (grown) Restack();
+  return grown;
 }
 
 ControlWidget* FormWindow::Mirror(Control& control) {
@@ -165,17 +125,11 @@ void FormWindow::Restack() {
   }
 }
 
-void FormWindow::ArmTimer() {
-  const Long now = context_.desktop.TickCount();
-  const std::optional<int> next = NextTimer(context_.form, now);
-  if (!next) {
+void FormWindow::SetTimer(std::optional<int> milliseconds) {
+  if (milliseconds)
+    timer_.start(*milliseconds);
+  else
     timer_.stop();
-    return;
-  }
-  const auto due = static_cast<std::uint32_t>(now) + static_cast<std::uint32_t>(*next);
-  if (timer_.isActive() && due == timerDue_) return;
-  timerDue_ = due;
-  timer_.start(*next);
 }
 
 void FormWindow::CenterOnOwner() {
@@ -189,13 +143,6 @@ void FormWindow::CenterOnOwner() {
   setGeometry(QRect(outer.topLeft() + QPoint(own.side, own.top), size()));
 }
 
-void FormWindow::KeepPosition() {
-  const FrameMetrics frame = MetricsOf(context_.form.Border);
-  const TwipRatio twips = context_.desktop.TwipsPerPixel();
-  context_.form.Left = static_cast<float>(geometry().left() - frame.side) * twips.across;
-  context_.form.Top = static_cast<float>(geometry().top() - frame.top) * twips.down;
-}
-
 void FormWindow::Focus(const Control* control) {
   QWidget* widget = control == nullptr ? nullptr : WidgetOf(*control);
   if (widget != nullptr) widget->setFocus(Qt::TabFocusReason);
@@ -206,22 +153,11 @@ Control* FormWindow::FocusedControl() const {
   return focused == nullptr ? nullptr : &focused->Subject();
 }
 
-void FormWindow::LeaveGoneFocus() {
-  const Control* focused = FocusedControl();
-  if (focused != nullptr && !IsShown(*focused)) Focus(FocusAfter(context_.form, *focused));
+void FormWindow::MarkForEnter(const CommandButton* button) {
+  for (const auto& [control, widget] : widgets_) widget->MarkForEnter(control == button);
 }
 
-void FormWindow::MarkFocus() {
-  const CommandButton* marked = ButtonForEnter(context_.form, FocusedControl());
-  for (const auto& [control, widget] : widgets_) widget->MarkForEnter(control == marked);
-  update();
-}
-
-bool FormWindow::focusNextPrevChild(bool next) {
-  Control* control = NextInTabOrder(context_.form, FocusedControl(), next);
-  Focus(control);
-  return control != nullptr;
-}
+bool FormWindow::focusNextPrevChild(bool next) { return controller_.Tab(next); }
 
 bool FormWindow::event(QEvent* event) {
   if (event->type() == QEvent::WindowDeactivate) LosePointerSoon();
@@ -231,8 +167,10 @@ bool FormWindow::event(QEvent* event) {
 bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
   const auto* mouse = dynamic_cast<const QMouseEvent*>(event);
   if (mouse != nullptr && watched == windowHandle()) context_.pointerInWindow = mouse->position();
-  // Those of the controls' widgets: no handler runs when the focus moves, so nothing else says so.
-  if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) MarkFocus();
+  if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) {
+    controller_.FocusChanged();
+    update();  // for the ring
+  }
   return PointerArea::eventFilter(watched, event);
 }
 
@@ -248,34 +186,25 @@ void FormWindow::paintEvent(QPaintEvent* event) {
 }
 
 void FormWindow::resizeEvent(QResizeEvent* event) {
-  Form& form = context_.form;
-  if (event->size() == requested_) {
-    form.Width = setSize_.width;
-    form.Height = setSize_.height;
-  } else {
-    SetClientSize(form, {event->size().width(), event->size().height()}, context_.desktop.TwipsPerPixel());
-  }
-  seenSize_ = FormSize();
+  controller_.Resized({event->size().width(), event->size().height()});
 }
 
-void FormWindow::moveEvent(QMoveEvent* /*event*/) { KeepPosition(); }
+void FormWindow::moveEvent(QMoveEvent* /*event*/) { controller_.Moved(geometry().left(), geometry().top()); }
 
 void FormWindow::hideEvent(QHideEvent* /*event*/) { LosePointerSoon(); }
 
 void FormWindow::closeEvent(QCloseEvent* event) {
   event->ignore();
-  Unload();
+  controller_.Close();
 }
 
 void FormWindow::keyPressEvent(QKeyEvent* event) {
-  if (const Command* command = CommandForFunctionKey(context_.form, event->key() - Qt::Key_F1 + 1))
-    return context_.handlers.Run(command->Action);
-  const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-  if (!enter && event->key() != Qt::Key_Escape) return;
-  if (ClosesByEnterAndEscape(context_.form)) return Unload();
-  const auto widget =
-      widgets_.find(enter ? ButtonForEnter(context_.form, FocusedControl()) : ButtonForEscape(context_.form));
-  if (widget != widgets_.end()) widget->second->Click();
+  switch (event->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter: controller_.Enter(); break;
+    case Qt::Key_Escape: controller_.Escape(); break;
+    default: controller_.FunctionKey(event->key() - Qt::Key_F1 + 1);
+  }
 }
 
 }  // namespace sorvex

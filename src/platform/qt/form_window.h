@@ -1,32 +1,27 @@
 // SPDX-License-Identifier: MIT
-// The top-level window of one shown form: mirrors the form and its controls, rules focus and keys, runs its timers.
+// The top-level window of one shown form: mirrors the form's controls and tells its controller what happens.
 #pragma once
 
 #include <QTimer>
-#include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <unordered_map>
-#include <vector>
 
+#include "platform/form_controller.h"
 #include "platform/qt/control_widgets.h"
 #include "platform/qt/pointer_area.h"
 
 namespace sorvex {
 
-class FormWindow final : public PointerArea {
+class FormWindow final : public PointerArea, private FormView {
  public:
   /// With an owner the window is modal and closes before it.
   FormWindow(std::unique_ptr<FormContext> context, FormWindow* owner);
 
-  Form& ShownForm() { return context_.form; }
-  /// Brings the window and every widget up to date.
-  void Sync();
+  FormController& Controller() { return controller_; }
   /// The window appears, the first control in tab order has the focus.
   void Open();
-  /// As if the close box had been used.
-  void Unload();
-  void RunTimers();
   /// The widget of a control that is or was shown, else null.
   QWidget* WidgetOf(const Control& control) const;
 
@@ -42,38 +37,25 @@ class FormWindow final : public PointerArea {
   bool focusNextPrevChild(bool next) override;
 
  private:
-  struct OuterSize {
-    float width = 0;
-    float height = 0;
-    bool operator==(const OuterSize&) const = default;
-  };
+  Control* FocusedControl() const override;
+  void Focus(const Control* control) override;
+  void MarkForEnter(const CommandButton* button) override;
+  void SetCaption(const std::string& caption) override;
+  void BackgroundChanged() override { update(); }
+  void SetClientSize(Size client) override;
+  void ControlsChanged() override;
+  bool SyncControls() override;
+  void SetTimer(std::optional<int> milliseconds) override;
 
-  void SyncWindow();
-  void SyncControls();
-  void DropWidgetsOfGoneControls();
-  void LeaveGoneFocus();
-  /// Shows which control has the focus and which button Enter means.
-  void MarkFocus();
   ControlWidget* Mirror(Control& control);
   void Restack();
-  void ArmTimer();
   void CenterOnOwner();
-  void KeepPosition();
-  void Focus(const Control* control);
-  Control* FocusedControl() const;
-  OuterSize FormSize() const { return {context_.form.Width, context_.form.Height}; }
 
   std::unique_ptr<FormContext> ownedContext_;
   FormWindow* owner_;
-  std::vector<Control*> mirrored_;  // the form's controls at the last synchronisation
+  FormController controller_{context_.form, context_.desktop, context_.handlers, *this};
   std::unordered_map<const Control*, ControlWidget*> widgets_;
   QTimer timer_;
-  std::uint32_t timerDue_ = 0;  // the tick count for which timer_ is set
-  std::string caption_;
-  Color background_;
-  OuterSize setSize_;   // what the program set last
-  OuterSize seenSize_;  // what the form said at the last exchange
-  QSize requested_;     // the client area that follows from setSize_
 };
 
 }  // namespace sorvex

@@ -141,7 +141,7 @@ void QtDesktop::Show(Form& form, Form* owner) {
 void QtDesktop::DeliverEvents(int patience) {
   handlers_.Serve([&] {
     Sync();
-    for (std::size_t i = 0; i < shown_.size(); ++i) shown_[i]->window.RunTimers();
+    for (std::size_t i = 0; i < shown_.size(); ++i) shown_[i]->window.Controller().RunTimers();
     QAbstractEventDispatcher& events = *QAbstractEventDispatcher::instance();
     if (events.processEvents(QEventLoop::AllEvents) || patience == 0 || handlers_.Leaving()) return;
     patience_.start(patience);
@@ -180,7 +180,7 @@ std::string QtDesktop::InputBox(const std::string& prompt, const std::string& ti
 
 void QtDesktop::Sync() {
   for (const auto& shown : shown_) {
-    shown->window.Sync();
+    shown->window.Controller().Sync();
     if (!shown->form.Loaded && shown->loop != nullptr) shown->loop->quit();
   }
 }
@@ -209,7 +209,7 @@ void QtDesktop::EndSession() {
   if (shown_.empty())
     handlers_.Run([] { throw ProgramEnded{}; });
   else
-    shown_.front()->window.Unload();
+    shown_.front()->window.Controller().Close();
 }
 
 QWidget* QtDesktop::ActiveWindow() const { return shown_.empty() ? nullptr : &shown_.back()->window; }
