@@ -136,9 +136,8 @@ class ButtonWindow final : public SystemControl {
   }
 
   void Notified(WORD code) override {
-    if (code == BN_CLICKED) Click();
+    if (code == BN_CLICKED) context_.handlers.Run(control_.Click);
   }
-  void Click() override { context_.handlers.Run(control_.Click); }
   void MarkForEnter(bool marked) override {
     Send(BM_SETSTYLE, static_cast<WPARAM>(marked ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON), TRUE);
   }

@@ -27,8 +27,6 @@ class ControlWindow {
   virtual void Notified(WORD /*code*/) {}
   /// A surface shows what changed in these boxes of its image.
   virtual void Show(std::span<const Rectangle> /*changed*/) {}
-  /// A click by the keyboard.
-  virtual void Click() {}
   /// A button shows that Enter means it.
   virtual void MarkForEnter(bool /*marked*/) {}
 

@@ -5,7 +5,6 @@
 #include <windowsx.h>
 
 #include <algorithm>
-#include <cwctype>
 #include <ranges>
 #include <unordered_set>
 #include <utility>
@@ -36,14 +35,6 @@ DWORD ExtendedStyleOf(const Form& form) {
   return 0;
 }
 
-// The letter behind the "&" of a caption, 0 without one.
-wchar_t AccessKeyOf(const CommandButton& button) {
-  const std::wstring caption = ToWide(button.Caption);
-  const std::size_t mark = caption.find(L'&');
-  if (mark == std::wstring::npos || mark + 1 == caption.size()) return L'\0';
-  return static_cast<wchar_t>(std::towupper(caption[mark + 1]));
-}
-
 }  // namespace
 
 FormWindow::FormWindow(std::unique_ptr<FormContext> context, FormWindow* owner)
@@ -67,32 +58,14 @@ FormWindow::~FormWindow() {
   const auto going = std::exchange(windows_, {});
 }
 
-void FormWindow::Sync() {
-  SyncWindow();
-  SyncControls();
-  ArmTimer();
-}
-
 void FormWindow::Open() {
-  Sync();
+  controller_.Sync();
   if (owner_ != nullptr) ::EnableWindow(owner_->Handle(), FALSE);
   if (context_.form.CenterOnOwner && owner_ != nullptr) CenterOnOwner();
   ::ShowWindow(Handle(), owner_ == nullptr ? SW_SHOWDEFAULT : SW_SHOW);
-  if (Control* first = NextInTabOrder(context_.form, nullptr, true)) Focus(first);
+  controller_.FocusFirst();
   KeepPosition();
   ::UpdateWindow(Handle());
-}
-
-void FormWindow::Unload() {
-  context_.handlers.Run([&form = context_.form] {
-    if (form.Unload) form.Unload();
-    form.Loaded = false;
-  });
-}
-
-void FormWindow::RunTimers() {
-  if (NextTimer(context_.form, context_.desktop.TickCount()) != 0) return;
-  context_.handlers.Run([this] { RunDueTimers(context_.form, context_.desktop.TickCount()); });
 }
 
 void FormWindow::Show(const PictureBox& surface, std::span<const Rectangle> changed) {
@@ -100,30 +73,32 @@ void FormWindow::Show(const PictureBox& surface, std::span<const Rectangle> chan
   if (window != windows_.end()) window->second->Show(changed);
 }
 
-void FormWindow::SyncWindow() {
-  const Form& form = context_.form;
-  if (caption_.Take(form.Caption)) ::SetWindowTextW(Handle(), ToWide(form.Caption).c_str());
-  if (background_.Take(form.BackColor)) ::InvalidateRect(Handle(), nullptr, FALSE);
-  if (FormSize() == seenSize_) return;
-  setSize_ = seenSize_ = FormSize();
-  requested_ = ClientSize(form, context_.desktop.TwipsPerPixel());
+void FormWindow::SetCaption(const std::string& caption) { ::SetWindowTextW(Handle(), ToWide(caption).c_str()); }
+
+void FormWindow::BackgroundChanged() { ::InvalidateRect(Handle(), nullptr, FALSE); }
+
+void FormWindow::SetClientSize(Size client) {
   // The client area is what counts: the frame around it is as wide as this desktop draws it.
-  RECT outer{0, 0, requested_.width, requested_.height};
-  ::AdjustWindowRectEx(&outer, StyleOf(form), FALSE, ExtendedStyleOf(form));
+  RECT outer{0, 0, client.width, client.height};
+  ::AdjustWindowRectEx(&outer, StyleOf(context_.form), FALSE, ExtendedStyleOf(context_.form));
   ::SetWindowPos(Handle(), nullptr, 0, 0, outer.right - outer.left, outer.bottom - outer.top,
                  SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-void FormWindow::SyncControls() {
-  const Form& form = context_.form;
-  if (mirrored_ != form.Controls) {
-    DropGoneControls();
-    mirrored_ = form.Controls;
-    painted_.clear();
-    others_.clear();
-    for (Control* control : mirrored_) (IsPainted(*control) ? painted_ : others_).push_back(control);
+void FormWindow::ControlsChanged() {
+  const std::unordered_set<const Control*> present(context_.form.Controls.begin(), context_.form.Controls.end());
+  const auto gone = [&](const auto& entry) { return !present.contains(entry.first); };
+  for (auto* const controls : {&painted_, &others_}) {
+    for (const Control* control : *controls)
+      if (!present.contains(control)) toolTips_->Forget(*control);
+    controls->clear();
   }
-  LeaveGoneFocus();
+  std::erase_if(windows_, gone);
+  std::erase_if(seen_, gone);
+  for (Control* control : context_.form.Controls) (IsPainted(*control) ? painted_ : others_).push_back(control);
+}
+
+bool FormWindow::SyncControls() {
   const std::size_t before = windows_.size();
   for (Control* control : others_)
     if (IsShown(*control) && !windows_.contains(control)) Mirror(*control);
@@ -135,7 +110,7 @@ void FormWindow::SyncControls() {
   for (const Control* control : painted_) SyncPainted(*control);
   const bool grown = windows_.size() != before;
   if (grown) Restack();
-  if (grown || FocusedControl() != enterMarkedFor_) MarkButtonForEnter();
+  return grown;
 }
 
 FormWindow::PaintedLook FormWindow::LookOf(const Control& control) {
@@ -173,15 +148,6 @@ HWND FormWindow::WindowUnder(const Control& control) const {
   return container == windows_.end() ? nullptr : container->second->Window();
 }
 
-void FormWindow::DropGoneControls() {
-  const std::unordered_set<const Control*> present(context_.form.Controls.begin(), context_.form.Controls.end());
-  const auto gone = [&](const auto& entry) { return !present.contains(entry.first); };
-  for (const Control* control : mirrored_)
-    if (!present.contains(control)) toolTips_->Forget(*control);
-  std::erase_if(windows_, gone);
-  std::erase_if(seen_, gone);
-}
-
 void FormWindow::Mirror(Control& control) {
   if (control.Container != nullptr && WindowUnder(control) == nullptr) Mirror(*control.Container);
   std::unique_ptr<ControlWindow> window = MakeControlWindow(control, context_, WindowUnder(control));
@@ -196,18 +162,11 @@ void FormWindow::Restack() {
   }
 }
 
-void FormWindow::ArmTimer() {
-  const Long now = context_.desktop.TickCount();
-  const std::optional<int> next = NextTimer(context_.form, now);
-  if (!next) {
-    if (timerRuns_) ::KillTimer(Handle(), kTimer);
-    timerRuns_ = false;
-    return;
-  }
-  const auto due = static_cast<std::uint32_t>(now) + static_cast<std::uint32_t>(*next);
-  if (timerRuns_ && due == timerDue_) return;
-  timerRuns_ = ::SetTimer(Handle(), kTimer, static_cast<UINT>(*next), nullptr) != 0;
-  timerDue_ = due;
+void FormWindow::SetTimer(std::optional<int> milliseconds) {
+  if (milliseconds)
+    ::SetTimer(Handle(), kTimer, static_cast<UINT>(*milliseconds), nullptr);
+  else
+    ::KillTimer(Handle(), kTimer);
 }
 
 void FormWindow::CenterOnOwner() {
@@ -229,28 +188,12 @@ void FormWindow::KeepPosition() {
   if (::IsIconic(Handle()) != 0) return;
   POINT client{};
   ::ClientToScreen(Handle(), &client);
-  const FrameMetrics frame = MetricsOf(context_.form.Border);
-  const TwipRatio twips = context_.desktop.TwipsPerPixel();
-  context_.form.Left = static_cast<float>(client.x - frame.side) * twips.across;
-  context_.form.Top = static_cast<float>(client.y - frame.top) * twips.down;
-}
-
-void FormWindow::KeepSize(Size client) {
-  if (requested_ == Size{}) return;  // not yet laid out
-  Form& form = context_.form;
-  if (client == requested_) {
-    form.Width = setSize_.width;
-    form.Height = setSize_.height;
-  } else {
-    SetClientSize(form, client, context_.desktop.TwipsPerPixel());
-  }
-  seenSize_ = FormSize();
+  controller_.Moved(client.x, client.y);
 }
 
 void FormWindow::Focus(const Control* control) {
   const auto window = windows_.find(control);
   ::SetFocus(window == windows_.end() ? Handle() : window->second->Window());
-  MarkButtonForEnter();  // no handler runs, after which it would be done
 }
 
 Control* FormWindow::FocusedControl() const {
@@ -260,51 +203,22 @@ Control* FormWindow::FocusedControl() const {
   return focus == nullptr || found == windows_.end() ? nullptr : &found->second->Subject();
 }
 
-void FormWindow::LeaveGoneFocus() {
-  const Control* focused = FocusedControl();
-  if (focused != nullptr && !IsShown(*focused)) Focus(FocusAfter(context_.form, *focused));
-}
-
-void FormWindow::MarkButtonForEnter() {
-  enterMarkedFor_ = FocusedControl();
-  const CommandButton* marked = ButtonForEnter(context_.form, enterMarkedFor_);
-  for (const auto& [control, window] : windows_) window->MarkForEnter(control == marked);
-}
-
-bool FormWindow::ClickButton(const CommandButton* button) {
-  const auto window = windows_.find(button);
-  if (window == windows_.end()) return false;
-  window->second->Click();
-  return true;
-}
-
-bool FormWindow::TakeAccessKey(wchar_t key) {
-  for (Control* control : context_.form.Controls) {
-    const auto* button = dynamic_cast<const CommandButton*>(control);
-    if (button == nullptr || !IsShown(*button) || AccessKeyOf(*button) != static_cast<wchar_t>(std::towupper(key)))
-      continue;
-    Focus(button);
-    return ClickButton(button);
-  }
-  return false;
+void FormWindow::MarkForEnter(const CommandButton* button) {
+  for (const auto& [control, window] : windows_) window->MarkForEnter(control == button);
 }
 
 bool FormWindow::TakeKey(const MSG& message) {
-  if (message.message == WM_SYSCHAR) return TakeAccessKey(static_cast<wchar_t>(message.wParam));
+  if (message.message == WM_SYSCHAR) {
+    const auto character = static_cast<wchar_t>(message.wParam);
+    return controller_.AccessKey(FromWide({&character, 1}));
+  }
   if (message.message != WM_KEYDOWN) return false;
-  if ((message.wParam == VK_RETURN || message.wParam == VK_ESCAPE) && ClosesByEnterAndEscape(context_.form)) {
-    Unload();
-    return true;
-  }
   switch (message.wParam) {
-    case VK_TAB: Focus(NextInTabOrder(context_.form, FocusedControl(), ::GetKeyState(VK_SHIFT) >= 0)); return true;
-    case VK_RETURN: return ClickButton(ButtonForEnter(context_.form, FocusedControl()));
-    case VK_ESCAPE: return ClickButton(ButtonForEscape(context_.form));
-    default: break;
+    case VK_TAB: return controller_.Tab(::GetKeyState(VK_SHIFT) >= 0);
+    case VK_RETURN: return controller_.Enter();
+    case VK_ESCAPE: return controller_.Escape();
+    default: return controller_.FunctionKey(static_cast<int>(message.wParam) - VK_F1 + 1);
   }
-  const Command* command = CommandForFunctionKey(context_.form, static_cast<int>(message.wParam) - VK_F1 + 1);
-  if (command != nullptr) context_.handlers.Run(command->Action);
-  return command != nullptr;
 }
 
 void FormWindow::Activated(bool active) {
@@ -321,13 +235,10 @@ void FormWindow::Notified(HWND window, WORD code) {
 
 LRESULT FormWindow::Receive(UINT message, WPARAM first, LPARAM second) {
   switch (message) {
-    case WM_CLOSE: Unload(); return 0;
+    case WM_CLOSE: controller_.Close(); return 0;
     case WM_TIMER:
-      // It may have waited longer than was asked for; what is left of it is asked for anew.
-      timerRuns_ = false;
       ::KillTimer(Handle(), kTimer);
-      RunTimers();
-      ArmTimer();
+      controller_.TimerFired();
       return 0;
     case WM_SYSCOMMAND:
       // Alt or F10 alone would open an unseen menu that waits while the game stands still.
@@ -335,13 +246,13 @@ LRESULT FormWindow::Receive(UINT message, WPARAM first, LPARAM second) {
       return PointerArea::Receive(message, first, second);
     case WM_COMMAND: Notified(reinterpret_cast<HWND>(second), HIWORD(first)); return 0;
     case WM_SIZE:
-      if (first != SIZE_MINIMIZED) KeepSize({GET_X_LPARAM(second), GET_Y_LPARAM(second)});
+      if (first != SIZE_MINIMIZED) controller_.Resized({GET_X_LPARAM(second), GET_Y_LPARAM(second)});
       return 0;
     case WM_MOVE: KeepPosition(); return 0;
     case WM_ACTIVATE: Activated(LOWORD(first) != WA_INACTIVE); return PointerArea::Receive(message, first, second);
     case WM_SETFOCUS:
       if (::IsWindowVisible(focusBefore_) != 0) ::SetFocus(focusBefore_);
-      MarkButtonForEnter();
+      controller_.FocusChanged();
       return 0;
     case WM_GETMINMAXINFO:
       // A large field makes a window larger than the screen.

@@ -1,33 +1,30 @@
 // SPDX-License-Identifier: MIT
-// The top-level window of one shown form: mirrors the form and its controls, rules focus and keys, runs its timers.
+// The top-level window of one shown form: mirrors the form's controls and tells its controller what happens.
 #pragma once
 
-#include <cstdint>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <unordered_map>
 #include <vector>
 
-#include "platform/shown.h"
+#include "platform/form_controller.h"
 #include "platform/win32/control_windows.h"
 #include "platform/win32/pointer_area.h"
 #include "platform/win32/tool_tips.h"
 
 namespace sorvex {
 
-class FormWindow final : public PointerArea {
+class FormWindow final : public PointerArea, private FormView {
  public:
   /// With an owner the window is modal: the owner takes no input while it lives.
   FormWindow(std::unique_ptr<FormContext> context, FormWindow* owner);
   ~FormWindow() override;
 
-  Form& ShownForm() { return context_.form; }
-  /// Brings the window and every control up to date.
-  void Sync();
+  FormController& Controller() { return controller_; }
   /// The window appears, the first control in tab order has the focus.
   void Open();
-  void RunTimers();
   /// Takes a key that means something to the form, whichever control has the focus; false when it means nothing.
   bool TakeKey(const MSG& message);
   /// The surface's window shows what changed in these boxes; nothing when it has none.
@@ -37,11 +34,6 @@ class FormWindow final : public PointerArea {
   LRESULT Receive(UINT message, WPARAM first, LPARAM second) override;
 
  private:
-  struct OuterSize {
-    float width = 0;
-    float height = 0;
-    bool operator==(const OuterSize&) const = default;
-  };
   /// What is seen of a control that is painted on its container.
   struct PaintedLook {
     Rectangle bounds;
@@ -57,46 +49,35 @@ class FormWindow final : public PointerArea {
     Rectangle place;  ///< in the window that it is painted on
   };
 
-  void SyncWindow();
-  void SyncControls();
+  Control* FocusedControl() const override;
+  void Focus(const Control* control) override;
+  void MarkForEnter(const CommandButton* button) override;
+  void SetCaption(const std::string& caption) override;
+  void BackgroundChanged() override;
+  void SetClientSize(Size client) override;
+  void ControlsChanged() override;
+  bool SyncControls() override;
+  void SetTimer(std::optional<int> milliseconds) override;
+
   void SyncPainted(const Control& control);
-  void DropGoneControls();
-  void LeaveGoneFocus();
-  void MarkButtonForEnter();
   void Mirror(Control& control);
   static PaintedLook LookOf(const Control& control);
   HWND WindowUnder(const Control& control) const;
   void Restack();
-  void ArmTimer();
   void CenterOnOwner();
   void KeepPosition();
-  void KeepSize(Size client);
   void Activated(bool active);
   void Notified(HWND window, WORD code);
-  void Unload();
-  bool ClickButton(const CommandButton* button);
-  bool TakeAccessKey(wchar_t key);
-  void Focus(const Control* control);
-  Control* FocusedControl() const;
-  OuterSize FormSize() const { return {context_.form.Width, context_.form.Height}; }
 
   std::unique_ptr<FormContext> ownedContext_;
   FormWindow* owner_;
+  FormController controller_{context_.form, context_.desktop, context_.handlers, *this};
   std::unordered_map<const Control*, std::unique_ptr<ControlWindow>> windows_;
   std::unordered_map<const Control*, Painted> seen_;
   std::unique_ptr<ToolTips> toolTips_;
-  std::vector<Control*> mirrored_;           // the form's controls at the last synchronisation
-  std::vector<Control*> painted_;            // those of them that are painted on their container
-  std::vector<Control*> others_;             // the rest of them
-  const Control* enterMarkedFor_ = nullptr;  // the focus for which the buttons show what Enter means
-  HWND focusBefore_ = nullptr;               // what had the focus when the window lost it
-  Shown<std::string> caption_;
-  Shown<Color> background_;
-  bool timerRuns_ = false;
-  std::uint32_t timerDue_ = 0;  // the tick count for which the timer is set
-  OuterSize setSize_;           // what the program set last
-  OuterSize seenSize_;          // what the form said at the last exchange
-  Size requested_;              // the client area that follows from setSize_
+  std::vector<Control*> painted_;  // the controls that are painted on their container
+  std::vector<Control*> others_;   // the rest of them
+  HWND focusBefore_ = nullptr;     // what had the focus when the window lost it
 };
 
 }  // namespace sorvex

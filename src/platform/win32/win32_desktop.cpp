@@ -14,12 +14,13 @@
 namespace sorvex {
 
 FormWindow* Win32Desktop::Find(const Form* form) const {
-  const auto found = std::ranges::find_if(shown_, [form](const auto& shown) { return &shown->ShownForm() == form; });
+  const auto found =
+      std::ranges::find_if(shown_, [form](const auto& shown) { return &shown->Controller().ShownForm() == form; });
   return found == shown_.end() ? nullptr : found->get();
 }
 
 void Win32Desktop::Remove(const Form& form) {
-  std::erase_if(shown_, [&form](const auto& shown) { return &shown->ShownForm() == &form; });
+  std::erase_if(shown_, [&form](const auto& shown) { return &shown->Controller().ShownForm() == &form; });
 }
 
 void Win32Desktop::Show(Form& form, Form* owner) {
@@ -55,7 +56,7 @@ void Win32Desktop::Show(Form& form, Form* owner) {
 void Win32Desktop::DeliverEvents(int patience) {
   handlers_.Serve([&] {
     Sync();
-    for (std::size_t i = 0; i < shown_.size(); ++i) shown_[i]->RunTimers();
+    for (std::size_t i = 0; i < shown_.size(); ++i) shown_[i]->Controller().RunTimers();
     if (DeliverPending() || patience == 0 || handlers_.Leaving()) return;
     ::MsgWaitForMultipleObjectsEx(0, nullptr, static_cast<DWORD>(patience), QS_ALLINPUT, MWMO_INPUTAVAILABLE);
     DeliverPending();
@@ -115,7 +116,7 @@ std::string Win32Desktop::InputBox(const std::string& prompt, const std::string&
 }
 
 void Win32Desktop::Sync() {
-  for (const auto& shown : shown_) shown->Sync();
+  for (const auto& shown : shown_) shown->Controller().Sync();
 }
 
 void Win32Desktop::LosePointers() {
