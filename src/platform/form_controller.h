@@ -22,7 +22,7 @@ class FormView {
   virtual ~FormView() = default;
 
   /// The control that has the focus in this window, null: none.
-  virtual Control* FocusedControl() const = 0;
+  virtual const Control* FocusedControl() const = 0;
   /// Gives a control the focus; null: the window itself, where it can have it.
   virtual void Focus(const Control* control) = 0;
   /// Shows that Enter means this button (null: none) and no other.

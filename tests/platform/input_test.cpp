@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: MIT
-// Input made clean: who gets a pointer event, what a lost pointer means, when timers tick.
+// Input made clean: who gets a pointer event, what a lost pointer means.
 #include "platform/input.h"
 
 #include <gtest/gtest.h>
-
-#include <limits>
 
 namespace sorvex {
 namespace {
@@ -15,7 +13,7 @@ using Log = std::vector<std::string>;
 class Input : public testing::Test {
  protected:
   Input() {
-    form.Controls = {&pad, &image, &label, &onPad, &timer};
+    form.Controls = {&pad, &image, &label, &onPad};
     Place(pad, 0, 50);
     Place(image, 100, 20);
     Place(label, 95, 40);
@@ -28,8 +26,6 @@ class Input : public testing::Test {
     image.Click = [this] { log.push_back("image click"); };
     label.Click = [this] { log.push_back("label click"); };
     onPad.Click = [this] { log.push_back("onPad click"); };
-    timer.Interval = 500;
-    timer.Tick = [this] { log.push_back("tick"); };
   }
   static void Place(Control& control, float at, float size) {
     control.Left = control.Top = at;
@@ -47,7 +43,6 @@ class Input : public testing::Test {
   PictureBox pad;
   Image image;
   Label label, onPad;
-  Timer timer;
   Log log;
   PointerInput pointer{form};
 };
@@ -98,26 +93,6 @@ TEST_F(Input, ALostPointerIsAReleaseWithoutAClickWhereItWasLast) {
   pointer.Press(&pad, kLeftButton, 0, 1, 30);
   pointer.Lose();
   EXPECT_EQ(Taken(), (Log{"pad down 1 at 1,30", "up"}));
-}
-
-TEST_F(Input, TimersTickOnceWhenDueAlsoWhereTheTickCountWraps) {
-  for (const Long start : {Long{1000}, std::numeric_limits<Long>::max() - 100}) {
-    const auto after = [&](std::uint32_t milliseconds) {
-      return static_cast<Long>(static_cast<std::uint32_t>(start) + milliseconds);
-    };
-    timer.Start(start);
-    EXPECT_EQ(NextTimer(form, after(100)), 400);
-    RunDueTimers(form, after(499));
-    EXPECT_EQ(Taken(), Log{});
-    EXPECT_EQ(NextTimer(form, after(2000)), 0);
-    RunDueTimers(form, after(2000));
-    EXPECT_EQ(Taken(), Log{"tick"});
-    EXPECT_EQ(NextTimer(form, after(2000)), 500);
-    timer.Enabled = false;
-    RunDueTimers(form, after(9000));
-    EXPECT_EQ(Taken(), Log{});
-    EXPECT_EQ(NextTimer(form, after(9000)), std::nullopt);
-  }
 }
 
 }  // namespace

@@ -9,7 +9,6 @@
 
 #include "base/text.h"
 #include "platform/headless/bmp_reader.h"
-#include "platform/input.h"
 
 namespace sorvex {
 namespace {
@@ -29,11 +28,13 @@ Size SizeOf(BuiltIn which) {
 
 void HeadlessDesktop::Show(Form& form, Form* /*owner*/) {
   form.Loaded = true;
-  shown_.push_back(&form);
+  shown_.push_back(std::make_unique<HeadlessWindow>(form, *this, handlers_));
   const struct Hide {
-    std::vector<Form*>& shown;
+    std::vector<std::unique_ptr<HeadlessWindow>>& shown;
     ~Hide() { shown.pop_back(); }
   } hide{shown_};
+  Sync();
+  FrontWindow().Controller.FocusFirst();
   while (form.Loaded) DeliverEvents();
 }
 
@@ -42,6 +43,7 @@ void HeadlessDesktop::DeliverEvents(int patience) {
   Patience = patience;
   Now += MillisecondsPerDelivery;
   handlers_.Serve([this] {
+    Sync();
     RunTimers();
     if (shown_.empty() || handlers_.Leaving()) return;
     if (Script.empty()) throw ScriptEnded{};
@@ -51,9 +53,12 @@ void HeadlessDesktop::DeliverEvents(int patience) {
   });
 }
 
+void HeadlessDesktop::Sync() {
+  for (const auto& window : shown_) window->Controller.Sync();
+}
+
 void HeadlessDesktop::RunTimers() {
-  const std::vector<Form*> forms = shown_;
-  for (Form* form : forms) handlers_.Run([form, this] { RunDueTimers(*form, Now); });
+  for (std::size_t i = 0; i < shown_.size(); ++i) shown_[i]->Controller.RunTimers();
 }
 
 void HeadlessDesktop::Refresh(PictureBox& surface, std::span<const Rectangle> /*changed*/) {

@@ -5,6 +5,7 @@
 
 #include <deque>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -13,6 +14,7 @@
 #include "base/runtime_error.h"
 #include "platform/desktop.h"
 #include "platform/handlers.h"
+#include "platform/headless/headless_window.h"
 #include "platform/map_registry.h"
 
 namespace sorvex {
@@ -55,8 +57,9 @@ class HeadlessDesktop : public Desktop {
   std::function<void(const Box&)> WhileBoxOpen;               ///< what happens before the box is closed
   std::function<std::string()> TypeName = [] { return ""; };  ///< what the player types into an input box
 
-  /// The form that takes input now; there must be one.
-  Form& Front() const { return *shown_.back(); }
+  /// The window and the form that take input now; there must be one.
+  HeadlessWindow& FrontWindow() const { return *shown_.back(); }
+  Form& Front() const { return FrontWindow().Controller.ShownForm(); }
 
   // What the game did
   std::vector<Box> Boxes;
@@ -93,11 +96,12 @@ class HeadlessDesktop : public Desktop {
   Registry& SystemRegistry() override { return StoredRegistry; }
 
  private:
+  void Sync();
   void RunTimers();
 
   std::string programFolder_;
-  Handlers handlers_{[] {}};
-  std::vector<Form*> shown_;  // innermost last
+  Handlers handlers_{[this] { Sync(); }};
+  std::vector<std::unique_ptr<HeadlessWindow>> shown_;  // innermost last
 };
 
 }  // namespace sorvex

@@ -148,7 +148,7 @@ void FormWindow::Focus(const Control* control) {
   if (widget != nullptr) widget->setFocus(Qt::TabFocusReason);
 }
 
-Control* FormWindow::FocusedControl() const {
+const Control* FormWindow::FocusedControl() const {
   const auto* focused = dynamic_cast<const ControlWidget*>(focusWidget());
   return focused == nullptr ? nullptr : &focused->Subject();
 }

@@ -37,7 +37,7 @@ class FormWindow final : public PointerArea, private FormView {
   bool focusNextPrevChild(bool next) override;
 
  private:
-  Control* FocusedControl() const override;
+  const Control* FocusedControl() const override;
   void Focus(const Control* control) override;
   void MarkForEnter(const CommandButton* button) override;
   void SetCaption(const std::string& caption) override;

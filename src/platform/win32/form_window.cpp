@@ -196,7 +196,7 @@ void FormWindow::Focus(const Control* control) {
   ::SetFocus(window == windows_.end() ? Handle() : window->second->Window());
 }
 
-Control* FormWindow::FocusedControl() const {
+const Control* FormWindow::FocusedControl() const {
   const HWND focus = ::GetFocus();
   const auto found =
       std::ranges::find_if(windows_, [focus](const auto& entry) { return entry.second->Window() == focus; });

@@ -49,7 +49,7 @@ class FormWindow final : public PointerArea, private FormView {
     Rectangle place;  ///< in the window that it is painted on
   };
 
-  Control* FocusedControl() const override;
+  const Control* FocusedControl() const override;
   void Focus(const Control* control) override;
   void MarkForEnter(const CommandButton* button) override;
   void SetCaption(const std::string& caption) override;

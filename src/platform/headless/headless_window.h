@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+// A form's window without pixels: what its controller asked of it can be looked at.
+#pragma once
+
+#include <algorithm>
+#include <iterator>
+#include <optional>
+#include <set>
+#include <string>
+
+#include "platform/form_controller.h"
+
+namespace sorvex {
+
+class HeadlessWindow final : public FormView {
+ public:
+  HeadlessWindow(Form& form, Desktop& desktop, Handlers& handlers) : Controller(form, desktop, handlers, *this) {}
+
+  FormController Controller;
+  const Control* Focused = nullptr;
+  const CommandButton* Marked = nullptr;  ///< as the one that Enter means
+  std::string Caption;
+  Size Client;
+  std::optional<int> Timer;  ///< milliseconds, when it was set
+
+ private:
+  const Control* FocusedControl() const override { return Focused; }
+  void Focus(const Control* control) override { Focused = control; }
+  void MarkForEnter(const CommandButton* button) override { Marked = made_.contains(button) ? button : nullptr; }
+  void SetCaption(const std::string& caption) override { Caption = caption; }
+  void BackgroundChanged() override {}
+  void SetClientSize(Size client) override { Client = client; }
+  void ControlsChanged() override { made_.clear(); }
+  bool SyncControls() override {
+    const std::size_t before = made_.size();
+    std::ranges::copy_if(Controller.ShownForm().Controls, std::inserter(made_, made_.end()),
+                         [](const Control* control) { return IsShown(*control); });
+    return made_.size() != before;
+  }
+  void SetTimer(std::optional<int> milliseconds) override { Timer = milliseconds; }
+
+  std::set<const Control*> made_;  // what a window would have been made for
+};
+
+}  // namespace sorvex
