@@ -45,8 +45,11 @@ class FormView {
 
 class FormController {
  public:
+  /// From here on the form counts as loaded.
   FormController(Form& form, Desktop& desktop, Handlers& handlers, FormView& view)
-      : form_(form), desktop_(desktop), handlers_(handlers), view_(view) {}
+      : form_(form), desktop_(desktop), handlers_(handlers), view_(view) {
+    form.Loaded = true;
+  }
 
   Form& ShownForm() const { return form_; }
 

@@ -27,7 +27,6 @@ Size SizeOf(BuiltIn which) {
 }  // namespace
 
 void HeadlessDesktop::Show(Form& form, Form* /*owner*/) {
-  form.Loaded = true;
   shown_.push_back(std::make_unique<HeadlessWindow>(form, *this, handlers_));
   const struct Hide {
     std::vector<std::unique_ptr<HeadlessWindow>>& shown;

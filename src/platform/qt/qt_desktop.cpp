@@ -115,7 +115,6 @@ void QtDesktop::Remove(const Form& form) {
 }
 
 void QtDesktop::Show(Form& form, Form* owner) {
-  form.Loaded = true;
   ShownForm* shown = Find(&form);
   if (shown == nullptr) {
     const ShownForm* owning = Find(owner);

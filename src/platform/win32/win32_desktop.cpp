@@ -24,7 +24,6 @@ void Win32Desktop::Remove(const Form& form) {
 }
 
 void Win32Desktop::Show(Form& form, Form* owner) {
-  form.Loaded = true;
   FormWindow* window = Find(&form);
   if (window == nullptr) {
     auto context = std::make_unique<FormContext>(FormContext{form, *this, handlers_});
