@@ -20,6 +20,7 @@
 #include <vector>
 
 #include "platform/qt/built_ins.h"
+#include "platform/qt/images.h"
 #include "shown_scene.h"
 #include "support/temp_folder.h"
 #include "unseen_scene.h"

@@ -44,7 +44,7 @@ FrameContent ContentNow(const Game& game, ContainerShown container) {
   content.placements.front() = {0, state.PlainX(0), state.PlainY(0)};
   for (Long i = 0; i <= state.LastItem; ++i)
     if (state.ItemInPlay(i))
-      content.placements[static_cast<std::size_t>(1 + i)] = {static_cast<Integer>(i), state.ItemX(i), state.ItemY(i)};
+      content.placements[1 + static_cast<std::size_t>(i)] = {static_cast<Integer>(i), state.ItemX(i), state.ItemY(i)};
   const Integer current = state.CurCont;
   if (container == ContainerShown::Yes && state.ContInPlay(current))
     content.placements.back() = {current, state.ContX(current), state.ContY(current)};

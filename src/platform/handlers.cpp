@@ -2,6 +2,7 @@
 // Keeping what handlers throw until the window system's frames are left.
 #include "platform/handlers.h"
 
+#include "base/finally.h"
 #include "platform/desktop.h"
 
 namespace sorvex {
@@ -9,11 +10,8 @@ namespace sorvex {
 void Handlers::Serve(const std::function<void()>& deliver, const std::function<void()>& leave) {
   if (ended_) throw ProgramEnded{};
   Call call{leave, innermost_, nullptr};
-  const struct Entered {
-    Entered(Call*& slot, Call& call) : slot(slot) { slot = &call; }
-    ~Entered() { slot = slot->outer; }
-    Call*& slot;
-  } entered(innermost_, call);
+  innermost_ = &call;
+  const Finally left([this] { innermost_ = innermost_->outer; });
   deliver();
   if (ended_) throw ProgramEnded{};
   if (call.error) std::rethrow_exception(call.error);

@@ -10,6 +10,7 @@ class Program {
  public:
   /// Creates the main window and binds its events. Nothing is read yet.
   explicit Program(Desktop& desktop);
+  ~Program() = default;
   Program(const Program&) = delete;
   Program& operator=(const Program&) = delete;
 

@@ -2,6 +2,7 @@
 // The layout around the play field, and what the buttons below it do.
 #include "ui/main_window_commands.h"
 
+#include "base/finally.h"
 #include "game/render_loop.h"
 #include "highscores/panel.h"
 #include "platform/desktop_properties.h"
@@ -29,27 +30,14 @@ void LayOut(Desktop& desktop, frmMain& form) {
   form.Image2.Left = form.cmdShowHighscores.Left + form.cmdShowHighscores.Width + 1;
 }
 
-// Marks where the Start command stands, also when an error leaves it.
-class StartProgress {
- public:
-  explicit StartProgress(modVariables& state) : state_(state) { Reach(modVariables::Start::Preparing); }
-  ~StartProgress() { Reach(modVariables::Start::Idle); }
-  StartProgress(const StartProgress&) = delete;
-  StartProgress& operator=(const StartProgress&) = delete;
-  void Reach(modVariables::Start where) { state_.StartCommand = where; }
-
- private:
-  modVariables& state_;
-};
-
-void PlayOneGame(Game& game, StartProgress& progress) {
+void PlayOneGame(Game& game) {
   frmMain& form = game.form;
-  progress.Reach(modVariables::Start::Preparing);
+  game.state.StartCommand = modVariables::Start::Preparing;
   game.state.GameEnded = false;
   if (!Form_Load(game) && !ReturnItemsToStart(game)) return;
   form.PicBackbuff.Resize(form.PicCanvas.Width, form.PicCanvas.Height);
   form.PicBlank.Resize(form.PicCanvas.Width, form.PicCanvas.Height);
-  progress.Reach(modVariables::Start::Playing);
+  game.state.StartCommand = modVariables::Start::Playing;
   RenderLoop(game);
 }
 
@@ -72,9 +60,9 @@ void Command1_Click(Game& game) {
     state.GameEnded = true;
   }
   if (state.StartCommand != modVariables::Start::Idle) return;
-  StartProgress progress(state);
+  const Finally idle([&] { state.StartCommand = modVariables::Start::Idle; });
   do {
-    PlayOneGame(game, progress);
+    PlayOneGame(game);
   } while (state.StartCommand == modVariables::Start::Restarting);
 }
 

@@ -7,6 +7,7 @@
 #include <fstream>
 #include <utility>
 
+#include "base/finally.h"
 #include "base/text.h"
 #include "platform/headless/bmp_reader.h"
 
@@ -28,10 +29,7 @@ Size SizeOf(BuiltIn which) {
 
 void HeadlessDesktop::Show(Form& form, Form* /*owner*/) {
   shown_.push_back(std::make_unique<HeadlessWindow>(form, *this, handlers_));
-  const struct Hide {
-    std::vector<std::unique_ptr<HeadlessWindow>>& shown;
-    ~Hide() { shown.pop_back(); }
-  } hide{shown_};
+  const Finally hide([this] { shown_.pop_back(); });
   Sync();
   FrontWindow().Controller.FocusFirst();
   while (form.Loaded) DeliverEvents();

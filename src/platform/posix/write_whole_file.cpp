@@ -63,6 +63,8 @@ class File {
   File(const fs::path& path, int flags, mode_t mode = 0)
       : descriptor_(Retried([&] { return ::open(path.c_str(), flags | O_CLOEXEC, mode); })) {}
   File(File&& other) noexcept : descriptor_(other.descriptor_) { other.descriptor_ = -1; }
+  File(const File&) = delete;
+  File& operator=(const File&) = delete;
   File& operator=(File&&) = delete;
   ~File() {
     if (IsOpen()) ::close(descriptor_);
@@ -103,6 +105,8 @@ class TemporaryFile {
   TemporaryFile(TemporaryFile&& other) noexcept : path_(std::move(other.path_)), file_(std::move(other.file_)) {
     other.path_.clear();
   }
+  TemporaryFile(const TemporaryFile&) = delete;
+  TemporaryFile& operator=(const TemporaryFile&) = delete;
   TemporaryFile& operator=(TemporaryFile&&) = delete;
   ~TemporaryFile() {
     if (!path_.empty()) ::unlink(path_.c_str());

@@ -178,8 +178,9 @@ void FormWindow::paintEvent(QPaintEvent* event) {
   QPainter painter(this);
   painter.fillRect(event->rect(), ToQt(context_.desktop.ResolveColor(context_.form.BackColor)));
   const Control* focused = FocusedControl();
-  if (focused == nullptr || dynamic_cast<const CommandButton*>(focused) != nullptr || !focusWidget()->hasFocus())
-    return;
+  const QWidget* widget = focusWidget();
+  const bool isButton = dynamic_cast<const CommandButton*>(focused) != nullptr;
+  if (focused == nullptr || isButton || widget == nullptr || !widget->hasFocus()) return;
   const Rectangle ring = FocusRing(*focused);
   painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
   painter.drawRect(ring.left + 1, ring.top + 1, ring.Width() - 2, ring.Height() - 2);

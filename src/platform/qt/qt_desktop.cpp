@@ -21,6 +21,7 @@
 #include <filesystem>
 #include <utility>
 
+#include "base/finally.h"
 #include "platform/decode_bitmap.h"
 #include "platform/posix/write_whole_file.h"
 #include "platform/qt/accessibility.h"
@@ -124,16 +125,11 @@ void QtDesktop::Show(Form& form, Form* owner) {
   }
   QEventLoop loop;
   shown->loop = &loop;
-  const struct Closing {
+  const Finally close([&] {
+    shown->loop = nullptr;
     // An error that leaves the main form, still loaded, is reported over its window, and the form shown again.
-    ~Closing() {
-      shown.loop = nullptr;
-      if (modal || !shown.form.Loaded || desktop.handlers_.Ended()) desktop.Remove(shown.form);
-    }
-    QtDesktop& desktop;
-    ShownForm& shown;
-    bool modal;
-  } closing{*this, *shown, owner != nullptr};
+    if (owner != nullptr || !form.Loaded || handlers_.Ended()) Remove(form);
+  });
   Wait(loop, [shown] { shown->window.Open(); });
 }
 

@@ -24,6 +24,8 @@ class QtDesktop final : public Desktop {
  public:
   QtDesktop(int& argc, char** argv);
   ~QtDesktop() override;
+  QtDesktop(const QtDesktop&) = delete;
+  QtDesktop& operator=(const QtDesktop&) = delete;
 
   void Show(Form& form, Form* owner) override;
   void DeliverEvents(int patience) override;

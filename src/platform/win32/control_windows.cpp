@@ -110,6 +110,8 @@ class SystemControl : public ControlWindow {
     Send(WM_SETFONT, reinterpret_cast<WPARAM>(FontFor(kControlFont)), TRUE);
   }
   ~SystemControl() override { ::DestroyWindow(window_); }
+  SystemControl(const SystemControl&) = delete;
+  SystemControl& operator=(const SystemControl&) = delete;
 
   HWND Window() const override { return window_; }
   void Sync() override { Place(window_, Subject(), bounds_, visible_); }

@@ -21,6 +21,8 @@ class FormWindow final : public PointerArea, private FormView {
   /// With an owner the window is modal: the owner takes no input while it lives.
   FormWindow(std::unique_ptr<FormContext> context, FormWindow* owner);
   ~FormWindow() override;
+  FormWindow(const FormWindow&) = delete;
+  FormWindow& operator=(const FormWindow&) = delete;
 
   FormController& Controller() { return controller_; }
   /// The window appears, the first control in tab order has the focus.

@@ -4,9 +4,9 @@
 
 #include <algorithm>
 #include <memory>
-#include <ranges>
 #include <string>
 #include <type_traits>
+#include <vector>
 
 #include "platform/win32/built_ins.h"
 #include "platform/win32/text.h"
@@ -101,10 +101,12 @@ void PaintAll(HDC context, const FormContext& form, const PictureBox* surface, S
   const int frame = surface == nullptr ? 0 : FrameWidth(surface->BorderStyle);
   POINT origin{};
   ::OffsetViewportOrgEx(context, frame, frame, &origin);
-  for (const Control* control : form.form.Controls | std::views::reverse)
+  const std::vector<Control*>& controls = form.form.Controls;
+  std::for_each(controls.rbegin(), controls.rend(), [&](const Control* control) {
     if (control->Container == surface && control->Visible && IsPainted(*control))
       PaintControl(context, form.desktop, *control,
                    Rectangle{part.left, part.top, part.right, part.bottom}.Moved(-frame, -frame));
+  });
   ::SetViewportOrgEx(context, origin.x, origin.y, nullptr);
 }
 

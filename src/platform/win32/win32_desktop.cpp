@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "base/finally.h"
 #include "platform/decode_bitmap.h"
 #include "platform/win32/boxes.h"
 #include "platform/win32/built_ins.h"
@@ -29,15 +30,10 @@ void Win32Desktop::Show(Form& form, Form* owner) {
     auto context = std::make_unique<FormContext>(FormContext{form, *this, handlers_});
     window = shown_.emplace_back(std::make_unique<FormWindow>(std::move(context), Find(owner))).get();
   }
-  const struct Closing {
+  const Finally close([&] {
     // An error that leaves the main form, still loaded, is reported over its window, and the form shown again.
-    ~Closing() {
-      if (modal || !form.Loaded || desktop.handlers_.Ended()) desktop.Remove(form);
-    }
-    Win32Desktop& desktop;
-    const Form& form;
-    bool modal;
-  } closing{*this, form, owner != nullptr};
+    if (owner != nullptr || !form.Loaded || handlers_.Ended()) Remove(form);
+  });
   // What the loss of the pointer throws must not take the place of what is to be shown, which may tell of an error.
   const std::exception_ptr late = handlers_.Attempt([this] { LosePointers(); });
   handlers_.Serve([&] {
@@ -92,14 +88,12 @@ void Win32Desktop::WaitInBox(const std::function<void(HWND owner)>& show) {
     Sync();
     if (!handlers_.Leaving()) show(shown_.empty() ? nullptr : shown_.back()->Handle());
   };
-  const struct Closing {
+  const Finally forget([] {
     // What made the box's loop return is meant for no other loop.
-    ~Closing() {
-      MSG message;
-      while (::PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE) != 0) {
-      }
+    MSG message;
+    while (::PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE) != 0) {
     }
-  } closing;
+  });
   handlers_.Serve(wait, [] { ::PostQuitMessage(0); });
   if (late) std::rethrow_exception(late);
 }

@@ -51,6 +51,8 @@ class File {
        DWORD share = FILE_SHARE_READ)
       : handle_(::CreateFileW(path.c_str(), access, share, nullptr, disposition, flags, nullptr)) {}
   File(File&& other) noexcept : handle_(std::exchange(other.handle_, INVALID_HANDLE_VALUE)) {}
+  File(const File&) = delete;
+  File& operator=(const File&) = delete;
   File& operator=(File&&) = delete;
   ~File() { Close(); }
 
@@ -111,6 +113,8 @@ class TemporaryFile {
   TemporaryFile(TemporaryFile&& other) noexcept : path_(std::move(other.path_)), file_(std::move(other.file_)) {
     other.path_.clear();
   }
+  TemporaryFile(const TemporaryFile&) = delete;
+  TemporaryFile& operator=(const TemporaryFile&) = delete;
   TemporaryFile& operator=(TemporaryFile&&) = delete;
   ~TemporaryFile() {
     if (path_.empty()) return;
