@@ -107,7 +107,7 @@ ControlWidget* FormWindow::Mirror(Control& control) {
   if (control.Container != nullptr) {
     const auto container = widgets_.find(control.Container);
     ControlWidget* made = container != widgets_.end() ? container->second : Mirror(*control.Container);
-    parent = &made->Widget();
+    if (made != nullptr) parent = &made->Widget();
   }
   ControlWidget* widget = MakeControlWidget(control, context_, parent);
   if (widget == nullptr) return nullptr;
@@ -165,9 +165,10 @@ bool FormWindow::event(QEvent* event) {
 }
 
 bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
+  const QEvent::Type type = event->type();
   const auto* mouse = dynamic_cast<const QMouseEvent*>(event);
   if (mouse != nullptr && watched == windowHandle()) context_.pointerInWindow = mouse->position();
-  if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) {
+  if (type == QEvent::FocusIn || type == QEvent::FocusOut) {
     controller_.FocusChanged();
     update();  // for the ring
   }
