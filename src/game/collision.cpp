@@ -5,8 +5,6 @@
 #include <algorithm>
 #include <cstdint>
 
-#include "game/mask.h"
-
 namespace sorvex {
 namespace {
 
@@ -32,6 +30,15 @@ bool BitsMeet(const BitPlane& item, const BitPlane& container, int width, int to
 
 }  // namespace
 
+bool MasksTouch(const Mask& item, const Mask& container, int dx, int dy, Size seen) {
+  const BitPlane& opaque = item.ItemOpaque();
+  const BitPlane& solid = container.ContainerSolid();
+  const int width = std::min(opaque.Extent().width, seen.width);
+  const int top = std::max(0, -dy);
+  const int bottom = std::min({opaque.Extent().height, seen.height, solid.Extent().height - dy});
+  return BitsMeet(opaque, solid, width, top, bottom, dx, dy);
+}
+
 bool HitsContainer(Integer itemLeft, Integer itemTop, Integer containerLeft, Integer containerTop,
                    const PictureBox& itemMask, const PictureBox& containerMask, PictureBox& work) {
   const Integer dx = ToInteger(itemLeft - containerLeft);
@@ -44,21 +51,19 @@ bool HitsContainer(Integer itemLeft, Integer itemTop, Integer containerLeft, Int
   const Mask* item = AsMask(itemMask.PictureObject());
   const Mask* container = AsMask(containerMask.PictureObject());
   if (item == nullptr || container == nullptr) return false;
-  const BitPlane& opaque = item->ItemOpaque();
-  const BitPlane& solid = container->ContainerSolid();
-  const int width = std::min(opaque.Extent().width, seen.width);
-  const int top = std::max(0, -dy);
-  const int bottom = std::min({opaque.Extent().height, seen.height, solid.Extent().height - dy});
-  return BitsMeet(opaque, solid, width, top, bottom, dx, dy);
+  return MasksTouch(*item, *container, dx, dy, seen);
+}
+
+Rectangle PlacesOverTarget(Size item, int targetLeft, int targetTop, Size target) {
+  return Rectangle{-((item.width - 1) / 2), -((item.height - 1) / 2), target.width - item.width / 2,
+                   target.height - item.height / 2}
+      .Moved(targetLeft, targetTop);
 }
 
 bool OverTarget(Integer itemLeft, Integer itemTop, Integer targetLeft, Integer targetTop, const PictureBox& itemMask,
                 const PictureBox& targetMask) {
-  const float x = static_cast<float>(itemLeft) + itemMask.ScaleWidth() / 2;
-  const float y = static_cast<float>(itemTop) + itemMask.ScaleHeight() / 2;
-  const auto left = static_cast<float>(targetLeft);
-  const auto top = static_cast<float>(targetTop);
-  return x > left && x < left + targetMask.ScaleWidth() && y > top && y < top + targetMask.ScaleHeight();
+  return PlacesOverTarget(itemMask.ScaleSize(), targetLeft, targetTop, targetMask.ScaleSize())
+      .Contains(itemLeft, itemTop);
 }
 
 }  // namespace sorvex

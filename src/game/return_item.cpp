@@ -21,6 +21,10 @@ Integer HeldInside(Integer target, int size) { return ToInteger(std::clamp<int>(
 
 }  // namespace
 
+RestPlace::RestPlace(Integer containerLeft, Integer containerTop, int containerHeight, int itemHeight)
+    : x(ToInteger(containerLeft + kRestInset)),
+      y(ToInteger(containerTop + containerHeight - kRestInset - itemHeight)) {}
+
 void ReturnItem(Game& game) {
   frmMain& form = game.form;
   modVariables& state = game.state;
@@ -30,21 +34,20 @@ void ReturnItem(Game& game) {
     form.tmrChangePicBack.Start(game.desktop.TickCount());
     return;
   }
-  const Integer restX = ToInteger(state.ContX(item) + kRestInset);
-  const Integer restY = ToInteger(static_cast<double>(state.ContY(item)) + form.picCont(item).ScaleHeight() -
-                                  kRestInset - form.PicSprite(item).ScaleHeight());
+  const RestPlace rest(state.ContX(item), state.ContY(item), form.picCont(item).ScaleSize().height,
+                       form.PicSprite(item).ScaleSize().height);
   form.tmrChangePicBack.Start(game.desktop.TickCount());
   for (;;) {
     const Integer fromX = state.ItemX(item);
     const Integer fromY = state.ItemY(item);
-    StepTowards(game, fromX, fromY, restX, restY);
-    if (IsNear(state.ItemX(item), restX) && IsNear(state.ItemY(item), restY)) break;
+    StepTowards(game, fromX, fromY, rest.x, rest.y);
+    if (IsNear(state.ItemX(item), rest.x) && IsNear(state.ItemY(item), rest.y)) break;
     // A rest place outside the field cannot be reached: the slide ends where no step moves the item any more.
     if (state.ItemX(item) == fromX && state.ItemY(item) == fromY) break;
     ShowFrame(game, ContainerShown::No);
   }
-  state.ItemX(item) = restX;
-  state.ItemY(item) = restY;
+  state.ItemX(item) = rest.x;
+  state.ItemY(item) = rest.y;
 }
 
 void StepTowards(Game& game, Integer x, Integer y, Integer targetX, Integer targetY) {

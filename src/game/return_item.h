@@ -7,6 +7,14 @@
 
 namespace sorvex {
 
+/// Where an item rests in its container: 5 pixels from the left and 5 above the bottom. Throws Overflow (6) when that
+/// is no Integer.
+struct RestPlace {
+  RestPlace(Integer containerLeft, Integer containerTop, int containerHeight, int itemHeight);
+  Integer x;
+  Integer y;
+};
+
 /// Begins the lock-out and, if the current item is in play, slides it to its rest place, two pixels a drawn frame.
 /// Delivers no events. Throws Overflow (6) when the rest place is no Integer.
 void ReturnItem(Game& game);
