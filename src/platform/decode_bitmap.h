@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Bitmap files as the system's own reader reads them. Each front end brings this function; it needs no desktop.
+// Bitmap files as the system's own reader reads them. The front end of each system brings this function; it needs no
+// desktop.
 #pragma once
 
 #include <optional>

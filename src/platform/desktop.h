@@ -10,7 +10,6 @@
 #include <optional>
 #include <span>
 #include <string>
-#include <string_view>
 
 #include "base/bitmap.h"
 #include "base/numbers.h"
@@ -71,8 +70,6 @@ class Desktop {
   virtual std::string InputBox(const std::string& prompt, const std::string& title) = 0;
 
   // Pictures and text
-  /// The pixels of a bitmap file, given its bytes; nullopt when the system's reader cannot read it.
-  virtual std::optional<Bitmap> DecodeBitmap(std::string_view bytes) = 0;
   /// One of the built-in pictures that are shown on surfaces.
   virtual Picture BuiltInPicture(BuiltIn which) = 0;
   /// Pixels that `text` takes in `font`; wrapped to `wrapWidth` pixels when that is above 0.

@@ -28,7 +28,7 @@ std::optional<Theme> ReadOrReport(Desktop& desktop, const std::string& name) {
     return std::nullopt;
   }
   try {
-    return ReadTheme(desktop, folder);
+    return ReadTheme(folder);
   } catch (const ThemeError& error) {
     ReportRefusal(desktop, name, error.what());
   } catch (const std::bad_alloc&) {

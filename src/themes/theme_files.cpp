@@ -12,19 +12,11 @@
 #include "base/limits.h"
 #include "base/text.h"
 #include "game/mask.h"
+#include "platform/decode_bitmap.h"
 #include "themes/bitmap_check.h"
 
 namespace sorvex {
 namespace {
-
-constexpr char kItemsFile[] = "Theme.ini";
-constexpr char kTargetFile[] = "Theme2.ini";
-constexpr char kDetailsFile[] = "ThemeDetails.ini";
-constexpr int kLinesPerItem = 4;
-
-ThemeError ErrorAt(const std::string& file, int line, const std::string& reason) {
-  return ThemeError(file + ", line " + std::to_string(line) + ": " + reason);
-}
 
 // Text from a theme as a message may show it: short, without control characters.
 std::string Shown(std::string_view text) {
@@ -38,15 +30,23 @@ std::string Shown(std::string_view text) {
   return "'" + shown + "'";
 }
 
-Integer ParseCoordinate(const std::string& file, int line, std::string_view text) {
-  if (text.find_first_not_of(" \t") == std::string_view::npos)
-    throw ErrorAt(file, line, "a blank line is not a number");
-  if (!IsNumber(text)) throw ErrorAt(file, line, Shown(text) + " is not a number");
-  try {
-    return ToInteger(LeadingNumber(text));
-  } catch (const RuntimeError&) {
-    throw ErrorAt(file, line, Shown(text) + " is not between -32768 and 32767");
+bool IsBlank(std::string_view line) { return line.find_first_not_of(" \t") == std::string_view::npos; }
+
+// nullopt after a report.
+std::optional<Integer> ParseCoordinate(const std::string& file, int line, std::string_view text,
+                                       const FaultSink& report) {
+  if (IsBlank(text)) {
+    report({"blank-line", file, line, "a blank line is not a number"});
+  } else if (!IsNumber(text)) {
+    report({LooksLikeUtf16(text) ? "utf-16" : "not-a-number", file, line, Shown(text) + " is not a number"});
+  } else {
+    try {
+      return ToInteger(LeadingNumber(text));
+    } catch (const RuntimeError&) {
+      report({"number-range", file, line, Shown(text) + " is not between -32768 and 32767"});
+    }
   }
+  return std::nullopt;
 }
 
 // Takes the first line off `text`, without its end (CR LF, LF or CR).
@@ -58,81 +58,153 @@ std::string_view TakeLine(std::string_view& text) {
   return line;
 }
 
-std::string ReadText(const std::string& folder, const std::string& name) {
+// nullopt after a report.
+std::optional<std::string> ReadText(const std::string& folder, const std::string& name, const FaultSink& report) {
   const std::string path = FindFile(folder, name);
   const std::optional<std::string> bytes = ReadFile(path, kLongestText);
-  if (!bytes && ModFileExist::FileExists(path))
-    throw ThemeError(name + ": cannot be read, or is longer than the " + std::to_string(kLongestText >> 10) +
-                     " KiB that a text file of a theme may have");
-  if (!bytes) throw ThemeError(name + ": cannot be read as a text file of a theme");
-  return DecodeText(*bytes);
+  if (bytes) return DecodeText(*bytes);
+  if (ModFileExist::FileExists(path))
+    report({"text-too-long", name, 0,
+            "cannot be read, or is longer than the " + std::to_string(kLongestText >> 10) +
+                " KiB that a text file of a theme may have"});
+  else
+    report({"missing-file", name, 0, "cannot be read as a text file of a theme"});
+  return std::nullopt;
 }
 
 // Reads the bitmaps of one theme, as long as they fit into memory together.
 class BitmapReader {
  public:
-  BitmapReader(Desktop& desktop, std::string folder) : desktop_(desktop), folder_(std::move(folder)) {}
+  BitmapReader(std::string folder, FaultSink report) : folder_(std::move(folder)), report_(std::move(report)) {}
 
-  Bitmap Read(const std::string& name) {
+  // nullopt after a report.
+  std::optional<Bitmap> Read(const std::string& name) {
     const std::string path = FindFile(folder_, name);
     const std::optional<std::string> start = ReadStart(path, kBitmapHeaders);
-    if (!start) throw ThemeError(name + ": not found, or not a file that can be opened");
+    if (!start) return Refuse("missing-file", name, "not found, or not a file that can be opened");
     const std::optional<DeclaredBitmap> declared = ReadBitmapHeaders(*start);
-    if (!declared) throw NotReadable(name);
-    pixelsLeft_ -= std::int64_t{declared->size.width} * declared->size.height;
-    if (pixelsLeft_ < 0)
-      throw ThemeError(name + ": the pictures of a theme may have " + std::to_string(kMostPixels / 1'000'000) +
-                       " million pixels in all");
+    if (!declared) return Refuse("not-a-bitmap", name, kNotReadable);
+    const std::int64_t pixels = std::int64_t{declared->size.width} * declared->size.height;
+    if (pixels > pixelsLeft_)
+      return Refuse(
+          "too-many-pixels", name,
+          "the pictures of a theme may have " + std::to_string(kMostPixels / 1'000'000) + " million pixels in all");
+    pixelsLeft_ -= pixels;
     // What a file holds behind its pixels costs nothing. The file may have changed since its start was read.
     const std::optional<std::string> bytes = ReadStart(path, declared->bytes);
-    if (!bytes || DeclaredSize(*bytes) != declared->size) throw NotReadable(name);
-    std::optional<Bitmap> bitmap = desktop_.DecodeBitmap(*bytes);
-    if (!bitmap) throw NotReadable(name);
-    return *std::move(bitmap);
+    if (!bytes || DeclaredSize(*bytes) != declared->size) return Refuse("broken-bitmap", name, kNotReadable);
+    std::optional<Bitmap> bitmap = DecodeBitmap(*bytes);
+    return bitmap ? std::move(bitmap) : Refuse("broken-bitmap", name, kNotReadable);
   }
 
  private:
-  static ThemeError NotReadable(const std::string& name) {
-    return ThemeError(name + ": not a bitmap that can be read");
+  static constexpr char kNotReadable[] = "not a bitmap that can be read";
+
+  std::nullopt_t Refuse(std::string_view code, const std::string& name, const std::string& reason) {
+    report_({code, name, 0, reason});
+    return std::nullopt;
   }
 
-  Desktop& desktop_;
   std::string folder_;
+  FaultSink report_;
   std::int64_t pixelsLeft_ = kMostPixels;
+};
+
+// The lines of a text, one after the other.
+class LineReader {
+ public:
+  explicit LineReader(std::string_view text) : rest_(text) {}
+  bool AtEnd() const { return rest_.empty(); }
+  /// The line taken last, from 1.
+  int Line() const { return line_; }
+  std::string_view Next() {
+    ++line_;
+    return TakeLine(rest_);
+  }
+
+ private:
+  std::string_view rest_;
+  int line_ = 0;
+};
+
+// The four numbers of one item. Where reading goes on behind a blank line, it goes on as if that line were not there.
+class ItemLines {
+ public:
+  ItemLines(LineReader& lines, const FaultSink& report) : lines_(lines), report_(report) {}
+
+  // 0 after a report.
+  Integer Next() {
+    while (!lines_.AtEnd()) {
+      const std::string_view line = lines_.Next();
+      const std::optional<Integer> number = ParseCoordinate(kItemsFile, lines_.Line(), line, report_);
+      if (!number) sound_ = false;
+      miscounted_ = miscounted_ || IsBlank(line);
+      if (IsBlank(line)) continue;
+      ++found_;
+      return number.value_or(0);
+    }
+    if (!miscounted_)
+      report_({"item-cut-short", kItemsFile, lines_.Line(),
+               "the last item has " + std::to_string(found_) + " of its 4 lines"});
+    miscounted_ = true;
+    return 0;
+  }
+  bool Complete() const { return found_ == kLinesPerItem; }
+  bool Sound() const { return sound_; }
+
+ private:
+  LineReader& lines_;
+  const FaultSink& report_;
+  int found_ = 0;
+  bool miscounted_ = false;  // and reported so
+  bool sound_ = true;
 };
 
 }  // namespace
 
-ItemTable ParseItems(std::string_view text) {
+ThemeError::ThemeError(const Fault& fault)
+    : runtime_error(fault.file + (fault.line > 0 ? ", line " + std::to_string(fault.line) : "") + ": " + fault.reason) {
+}
+
+void ThrowThemeError(const Fault& fault) { throw ThemeError(fault); }
+
+bool LooksLikeUtf16(std::string_view text) {
+  return text.find('\0') != std::string_view::npos || text.starts_with("ÿþ") || text.starts_with("þÿ");
+}
+
+ItemTable ParseItems(std::string_view text, const FaultSink& report) {
   ItemTable items;
-  int line = 0;
-  while (!text.empty()) {
+  LineReader lines(text);
+  while (!lines.AtEnd()) {
     const Long item = items.LastItem + 1;
-    if (item == kMostItems)
-      throw ErrorAt(kItemsFile, line + 1, "a theme has at most " + std::to_string(kMostItems) + " items");
-    for (auto* coordinate : {&items.ItemX(item), &items.ItemY(item), &items.ContX(item), &items.ContY(item)}) {
-      if (text.empty())
-        throw ErrorAt(kItemsFile, line,
-                      "the last item has " + std::to_string(line % kLinesPerItem) + " of its 4 lines");
-      *coordinate = ParseCoordinate(kItemsFile, ++line, TakeLine(text));
+    if (item == kMostItems) {
+      report({"too-many-items", kItemsFile, lines.Line() + 1,
+              "a theme has at most " + std::to_string(kMostItems) + " items"});
+      break;
     }
-    items.ItemInPlay(item) = true;
-    items.ContInPlay(item) = true;
+    ItemLines group(lines, report);
+    for (auto* coordinate : {&items.ItemX(item), &items.ItemY(item), &items.ContX(item), &items.ContY(item)})
+      *coordinate = group.Next();
+    if (!group.Complete() || (!group.Sound() && LooksLikeUtf16(text))) break;
+    items.ItemInPlay(item) = group.Sound();
+    items.ContInPlay(item) = group.Sound();
     items.LastItem = item;
   }
   return items;
 }
 
-Target ParseTarget(std::string_view text) {
+Target ParseTarget(std::string_view text, const FaultSink& report) {
   FieldReader fields(text);
-  const auto next = [&] {
-    const std::optional<std::string> field = fields.Next();
-    if (!field) throw ThemeError(std::string(kTargetFile) + ": fewer than two numbers");
-    return field->empty() ? Integer{0} : ParseCoordinate(kTargetFile, fields.Line(), *field);
-  };
   Target target;
-  target.x = next();
-  target.y = next();
+  for (Integer* coordinate : {&target.x, &target.y}) {
+    const std::optional<std::string> field = fields.Next();
+    if (!field) {
+      report({"target-cut-short", kTargetFile, 0, "fewer than two numbers"});
+      break;
+    }
+    if (!field->empty()) *coordinate = ParseCoordinate(kTargetFile, fields.Line(), *field, report).value_or(0);
+    if (LooksLikeUtf16(*field)) break;
+  }
   return target;
 }
 
@@ -150,12 +222,18 @@ bool IsComplete(const std::string& folder) {
   return hasItems && hasTarget;
 }
 
-Theme ReadTheme(Desktop& desktop, const std::string& folder) {
+Theme ReadTheme(const std::string& folder, const FaultSink& report) {
   Theme theme;
-  theme.items = ParseItems(ReadText(folder, kItemsFile));
-  BitmapReader bitmaps(desktop, folder);
-  const auto picture = [&](const std::string& name) { return MakePicture(bitmaps.Read(name)); };
-  const auto mask = [&](const std::string& name) { return MakeMask(bitmaps.Read(name)); };
+  if (const auto text = ReadText(folder, kItemsFile, report)) theme.items = ParseItems(*text, report);
+  BitmapReader bitmaps(folder, report);
+  const auto picture = [&](const std::string& name) {
+    std::optional<Bitmap> pixels = bitmaps.Read(name);
+    return pixels ? MakePicture(*std::move(pixels)) : nullptr;
+  };
+  const auto mask = [&](const std::string& name) {
+    std::optional<Bitmap> pixels = bitmaps.Read(name);
+    return pixels ? MakeMask(*std::move(pixels)) : nullptr;
+  };
   for (Long n = 0; n <= theme.items.LastItem; ++n) {
     const std::string file = std::to_string(n) + ".bmp";
     ItemPictures pictures;
@@ -166,12 +244,12 @@ Theme ReadTheme(Desktop& desktop, const std::string& folder) {
     theme.pictures.push_back(std::move(pictures));
   }
   theme.background = picture("bg.bmp");
-  theme.background2 = MakeTwin(theme.background);
-  theme.target = ParseTarget(ReadText(folder, kTargetFile));
+  if (theme.background) theme.background2 = MakeTwin(theme.background);
+  if (const auto text = ReadText(folder, kTargetFile, report)) theme.target = ParseTarget(*text, report);
   theme.targetPicture = picture("pS.bmp");
   theme.targetMask = mask("pM.bmp");
   if (ModFileExist::FileExists(FindFile(folder, kDetailsFile)))
-    theme.details = ParseDetails(ReadText(folder, kDetailsFile));
+    if (const auto text = ReadText(folder, kDetailsFile, report)) theme.details = ParseDetails(*text);
   return theme;
 }
 

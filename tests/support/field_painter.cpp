@@ -4,14 +4,14 @@
 
 #include <string>
 
-#include "platform/headless/bmp_reader.h"
+#include "platform/decode_bitmap.h"
 #include "support/raster.h"
 #include "support/temp_folder.h"
 
 namespace sorvex {
 
 Bitmap FieldPainter::Paint(const std::vector<Placed>& items, std::optional<Placed> container) const {
-  const auto read = [this](const std::string& name) { return ReadBmp(ReadWholeFile(folder_ / name)).value(); };
+  const auto read = [this](const std::string& name) { return DecodeBitmap(ReadWholeFile(folder_ / name)).value(); };
   Bitmap field = read("bg.bmp");
   const auto draw = [&](int x, int y, const std::string& picture, const std::string& mask) {
     const Bitmap colours = read(picture);

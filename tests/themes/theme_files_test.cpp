@@ -5,8 +5,8 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <vector>
 
-#include "platform/headless/headless_desktop.h"
 #include "support/temp_folder.h"
 #include "support/theme_folder.h"
 #include "themes/bitmap_check.h"
@@ -148,31 +148,37 @@ TEST(BitmapCheck, FollowsRunsToTheirEnd) {
   }
 }
 
-TEST(BitmapCheck, ComesBeforeTheSystemsReader) {
-  struct : HeadlessDesktop {  // its reader takes a file's word for its size
-    using HeadlessDesktop::HeadlessDesktop;
-    std::optional<Bitmap> DecodeBitmap(std::string_view) override { return Bitmap({8, 8}); }
-  } desktop{""};
+TEST(BitmapCheck, ComesBeforeTheSystemsReader) {  // which may take a file's word for its size
   const TempFolder folder;
   WriteTheme(folder.Path(), CupTheme(1));
   const std::filesystem::path theme = folder.Path() / "Theme1";
-  EXPECT_EQ(ReadTheme(desktop, theme.string()).pictures.size(), 1U);
+  EXPECT_EQ(ReadTheme(theme.string()).pictures.size(), 1U);
   std::filesystem::resize_file(theme / "pM.bmp", 100);
-  EXPECT_EQ(Refusal([&] { ReadTheme(desktop, theme.string()); }), "pM.bmp: not a bitmap that can be read");
+  EXPECT_EQ(Refusal([&] { ReadTheme(theme.string()); }), "pM.bmp: not a bitmap that can be read");
+}
+
+TEST(AThemesFiles, AreReadOnBehindAFault) {
+  std::vector<int> lines;
+  const auto note = [&](const Fault& fault) { lines.push_back(fault.line); };
+  const ItemTable items = ParseItems("1\n2\n\n3\n4\nfive\n6\n7\n8\n9\n10\n11\n12\n\n", note);
+  EXPECT_EQ(lines, (std::vector{3, 6, 14}));
+  EXPECT_EQ(items.LastItem, 2);
+  EXPECT_FALSE(items.ItemInPlay(0) || items.ItemInPlay(1)) << "they have not four numbers each";
+  EXPECT_TRUE(items.ItemInPlay(2));
+  EXPECT_EQ(items.ContY(2), 12);
 }
 
 TEST(AThemesFiles, AreReadWithinBounds) {
-  HeadlessDesktop desktop("");
   const TempFolder folder;
   WriteTheme(folder.Path(), CupTheme(1));
   const std::filesystem::path theme = folder.Path() / "Theme1";
   // What stands behind the pixels is neither read nor counted.
   std::filesystem::resize_file(theme / "pM.bmp", std::uintmax_t{4} << 30);
-  EXPECT_EQ(Refusal([&] { ReadTheme(desktop, theme.string()); }), "accepted");
+  EXPECT_EQ(Refusal([&] { ReadTheme(theme.string()); }), "accepted");
   const auto refusal = [&](const char* file, const std::string& bytes) {
     const std::string before = ReadWholeFile(theme / file);
     WriteFile(theme / file, bytes);
-    const std::string reason = Refusal([&] { ReadTheme(desktop, theme.string()); });
+    const std::string reason = Refusal([&] { ReadTheme(theme.string()); });
     WriteFile(theme / file, before);
     return reason;
   };

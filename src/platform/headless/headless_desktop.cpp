@@ -9,7 +9,6 @@
 
 #include "base/finally.h"
 #include "base/text.h"
-#include "platform/headless/bmp_reader.h"
 
 namespace sorvex {
 namespace {
@@ -76,8 +75,6 @@ std::string HeadlessDesktop::InputBox(const std::string& prompt, const std::stri
   Prompts.push_back({prompt, title});
   return TypeName();
 }
-
-std::optional<Bitmap> HeadlessDesktop::DecodeBitmap(std::string_view bytes) { return ReadBmp(bytes); }
 
 Picture HeadlessDesktop::BuiltInPicture(BuiltIn which) {
   Bitmap pattern(SizeOf(which));

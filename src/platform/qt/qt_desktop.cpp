@@ -22,7 +22,6 @@
 #include <utility>
 
 #include "base/finally.h"
-#include "platform/decode_bitmap.h"
 #include "platform/posix/write_whole_file.h"
 #include "platform/qt/accessibility.h"
 #include "platform/qt/boxes.h"
@@ -208,8 +207,6 @@ void QtDesktop::EndSession() {
 }
 
 QWidget* QtDesktop::ActiveWindow() const { return shown_.empty() ? nullptr : &shown_.back()->window; }
-
-std::optional<Bitmap> QtDesktop::DecodeBitmap(std::string_view bytes) { return sorvex::DecodeBitmap(bytes); }
 
 Picture QtDesktop::BuiltInPicture(BuiltIn which) { return MakePicture(CopyOf(BuiltInImage(which, QSize()))); }
 

@@ -33,7 +33,6 @@ class QtDesktop final : public Desktop {
   void ShowMessage(const std::string& text, const std::string& title, BoxIcon icon) override;
   std::string InputBox(const std::string& prompt, const std::string& title) override;
 
-  std::optional<Bitmap> DecodeBitmap(std::string_view bytes) override;
   Picture BuiltInPicture(BuiltIn which) override;
   Size MeasureText(const Font& font, const std::string& text, int wrapWidth) override;
   Pixel ResolveColor(Color color) override;

@@ -5,7 +5,6 @@
 #include <algorithm>
 
 #include "base/finally.h"
-#include "platform/decode_bitmap.h"
 #include "platform/win32/boxes.h"
 #include "platform/win32/built_ins.h"
 #include "platform/win32/text.h"
@@ -115,8 +114,6 @@ void Win32Desktop::Sync() {
 void Win32Desktop::LosePointers() {
   for (std::size_t i = 0; i < shown_.size(); ++i) shown_[i]->LosePointer();
 }
-
-std::optional<Bitmap> Win32Desktop::DecodeBitmap(std::string_view bytes) { return sorvex::DecodeBitmap(bytes); }
 
 Picture Win32Desktop::BuiltInPicture(BuiltIn which) { return sorvex::BuiltInPicture(which); }
 
