@@ -115,6 +115,7 @@ class LineReader {
  public:
   explicit LineReader(std::string_view text) : rest_(text) {}
   bool AtEnd() const { return rest_.empty(); }
+  void SkipRest() { rest_ = {}; }
   /// The line taken last, from 1.
   int Line() const { return line_; }
   std::string_view Next() {
@@ -138,15 +139,19 @@ class ItemLines {
       const std::string_view line = lines_.Next();
       const std::optional<Integer> number = ParseCoordinate(kItemsFile, lines_.Line(), line, report_);
       if (!number) sound_ = false;
-      miscounted_ = miscounted_ || IsBlank(line);
       if (IsBlank(line)) continue;
+      if (LooksLikeUtf16(line)) {
+        lines_.SkipRest();
+        found_ = 0;
+        break;
+      }
       ++found_;
       return number.value_or(0);
     }
-    if (!miscounted_)
+    if (found_ > 0)
       report_({"item-cut-short", kItemsFile, lines_.Line(),
                "the last item has " + std::to_string(found_) + " of its 4 lines"});
-    miscounted_ = true;
+    found_ = 0;
     return 0;
   }
   bool Complete() const { return found_ == kLinesPerItem; }
@@ -156,7 +161,6 @@ class ItemLines {
   LineReader& lines_;
   const FaultSink& report_;
   int found_ = 0;
-  bool miscounted_ = false;  // and reported so
   bool sound_ = true;
 };
 
@@ -185,7 +189,7 @@ ItemTable ParseItems(std::string_view text, const FaultSink& report) {
     ItemLines group(lines, report);
     for (auto* coordinate : {&items.ItemX(item), &items.ItemY(item), &items.ContX(item), &items.ContY(item)})
       *coordinate = group.Next();
-    if (!group.Complete() || (!group.Sound() && LooksLikeUtf16(text))) break;
+    if (!group.Complete()) break;
     items.ItemInPlay(item) = group.Sound();
     items.ContInPlay(item) = group.Sound();
     items.LastItem = item;

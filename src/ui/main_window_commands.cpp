@@ -13,9 +13,22 @@
 namespace sorvex {
 namespace {
 
+void PlayOneGame(Game& game) {
+  frmMain& form = game.form;
+  game.state.StartCommand = modVariables::Start::Preparing;
+  game.state.GameEnded = false;
+  if (!Form_Load(game) && !ReturnItemsToStart(game)) return;
+  form.PicBackbuff.Resize(form.PicCanvas.Width, form.PicCanvas.Height);
+  form.PicBlank.Resize(form.PicCanvas.Width, form.PicCanvas.Height);
+  game.state.StartCommand = modVariables::Start::Playing;
+  RenderLoop(game);
+}
+
+}  // namespace
+
 // Positions are single-precision and are not rounded here; fractions of a twip matter to nobody.
-void LayOut(Desktop& desktop, frmMain& form) {
-  const auto [across, down] = desktop.TwipsPerPixel();
+void LayOut(frmMain& form, TwipRatio twipsPerPixel) {
+  const auto [across, down] = twipsPerPixel;
   form.Width = across * form.PicCanvas.Width + 350;
   form.Height = 2 * down * form.Command1.Height + down * form.PicCanvas.Height + 225;
   form.picHighScores.Left = 8;
@@ -30,26 +43,13 @@ void LayOut(Desktop& desktop, frmMain& form) {
   form.Image2.Left = form.cmdShowHighscores.Left + form.cmdShowHighscores.Width + 1;
 }
 
-void PlayOneGame(Game& game) {
-  frmMain& form = game.form;
-  game.state.StartCommand = modVariables::Start::Preparing;
-  game.state.GameEnded = false;
-  if (!Form_Load(game) && !ReturnItemsToStart(game)) return;
-  form.PicBackbuff.Resize(form.PicCanvas.Width, form.PicCanvas.Height);
-  form.PicBlank.Resize(form.PicCanvas.Width, form.PicCanvas.Height);
-  game.state.StartCommand = modVariables::Start::Playing;
-  RenderLoop(game);
-}
-
-}  // namespace
-
 bool Form_Load(Game& game) {
   BuildHighScoreRows(game.desktop, game.form);
   const std::string theme = game.state.ThemeName;
   const bool loaded = LoadTheme(game, theme);
   game.state.CurItem = 0;
   game.state.CurCont = 0;
-  LayOut(game.desktop, game.form);
+  LayOut(game.form, game.desktop.TwipsPerPixel());
   return loaded;
 }
 

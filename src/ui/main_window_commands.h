@@ -10,6 +10,9 @@ namespace sorvex {
 /// theme was loaded.
 bool Form_Load(Game& game);
 
+/// Lays the window out around the play field.
+void LayOut(frmMain& form, TwipRatio twipsPerPixel);
+
 /// Loads the theme afresh and plays one game. When no theme can be loaded any more, plays the one on the field.
 /// During a game it ends that game, which reports nothing, and returns; the call that played it then starts the new
 /// one, so that games never nest.

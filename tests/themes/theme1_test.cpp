@@ -61,22 +61,6 @@ TEST_F(Theme1, EveryItemStartsAtRestWithoutAContactAndCanBeDraggedOut) {
   }
 }
 
-TEST_F(Theme1, MasksArePureAndAgreeWithTheirPictures) {
-  const auto check = [](const PictureBox& picture, const PictureBox& mask, const std::string& what) {
-    ASSERT_EQ(picture.ScaleSize(), mask.ScaleSize()) << what;
-    const auto colours = picture.Image().Pixels();
-    const auto cutout = mask.Image().Pixels();
-    for (std::size_t i = 0; i < cutout.size(); ++i)
-      ASSERT_TRUE(cutout[i] == kBlack || (cutout[i] == kWhite && colours[i] == kWhite)) << what << ", pixel " << i;
-    EXPECT_GT(std::ranges::count(cutout, kBlack), 20) << what;
-  };
-  for (int i = 0; i <= state.LastItem; ++i) {
-    check(form.PicSprite(i), form.PicMask(i), "item " + std::to_string(i));
-    check(form.picCont(i), form.PicContMask(i), "container " + std::to_string(i));
-  }
-  check(form.PicPlainSprite(0), form.PicPlainMask(0), "the target");
-}
-
 // Breadth-first over the places that the item can be moved to pixel by pixel without a contact.
 bool Theme1::CanBeDraggedOut(Long item) {
   const Size field = form.PicCanvas.ScaleSize();
