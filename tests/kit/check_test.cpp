@@ -245,7 +245,7 @@ TEST(Findings, AreToldToProgramsToo) {
             "\"code\": \"mask-not-pure\", \"message\": \"a \\\"grey\\\"\\u000A\"},\n"
             "  {\"theme\": \"C\", \"file\": \"Theme.ini\", \"line\": 9, \"severity\": \"error\", "
             "\"code\": \"blank-line\", \"message\": \"é\"}\n]\n");
-  EXPECT_EQ(AsLines({"T", {line}}, true), "\x1B[1mT/Theme.ini:9\x1B[0m: \x1B[1;31merror\x1B[0m: é [blank-line]\n");
+  EXPECT_EQ(AsLines({"", {line}}, true), "\x1B[1mTheme.ini:9\x1B[0m: \x1B[1;31merror\x1B[0m: é [blank-line]\n");
   EXPECT_EQ(Summary({"T", {pixel, line, pixel}}), "T: 1 error, 2 warnings\n");
 }
 

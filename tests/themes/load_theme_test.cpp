@@ -95,7 +95,7 @@ TEST(TheFallback, LoadsTheDefaultThemeOnceAndMakesItCurrent) {
       {"no number", "Theme.ini", "1\r\n2\r\nabc\r\n4\r\n", Refused("Bad: Theme.ini, line 3: 'abc' is not a number")},
       {"one number", "Theme2.ini", "250\r\n", Refused("Bad: Theme2.ini: fewer than two numbers")},
       {"no bitmap", "sm3.bmp", "hello", Refused("Bad: sm3.bmp: not a bitmap that can be read")},
-      {"a kind the reader refuses", "pS.bmp", BmpBytes(Bitmap({9, 9})).replace(28, 1, "\x08"),
+      {"a kind the reader refuses", "pS.bmp", BmpBytes(Bitmap({9, 9})).replace(30, 1, "\x09"),
        Refused("Bad: pS.bmp: not a bitmap that can be read")},
       {"a missing bitmap", "cm4.bmp", {}, Refused("Bad: cm4.bmp: not found, or not a file that can be opened")},
   };
