@@ -33,9 +33,7 @@ Rectangle Reach(const frmMain& form, std::size_t place, const Placement& placeme
                         std::max(inner.height, std::min(mask.height, outer.height))});
 }
 
-FrameContent ContentNow(const Game& game, ContainerShown container) {
-  const frmMain& form = game.form;
-  const modVariables& state = game.state;
+FrameContent ContentNow(const frmMain& form, const modVariables& state, ContainerShown container) {
   const Bitmap& background = form.PicBlank.Image();
   FrameContent content;
   content.themeLoads = state.ThemeLoads;
@@ -101,7 +99,7 @@ void DrawMasked(Bitmap& dest, int x, int y, const PictureBox& picture, const Pic
 void ShowFrame(Game& game, ContainerShown container) {
   frmMain& form = game.form;
   FrameMemory& memory = game.frame;
-  const FrameContent content = ContentNow(game, container);
+  const FrameContent content = ContentNow(form, game.state, container);
   const Rectangle all = Rectangle::At(0, 0, form.PicBackbuff.ScaleSize());
   BoxList boxes;
   if (memory.backbuffRevision == form.PicBackbuff.Revision())
@@ -126,9 +124,12 @@ void ShowFrame(Game& game, ContainerShown container) {
 
 void ShowWaitingFrame(Game& game) {
   PictureBox& field = game.form.PicCanvas;
-  Bitmap& canvas = field.Drawing();
-  Compose(game.form, ContentNow(game, ContainerShown::Yes), canvas, canvas.Bounds());
-  game.desktop.Refresh(field, std::array{canvas.Bounds()});
+  DrawFrame(game.form, game.state, field.Drawing());
+  game.desktop.Refresh(field, std::array{field.Image().Bounds()});
+}
+
+void DrawFrame(const frmMain& form, const modVariables& state, Bitmap& dest) {
+  Compose(form, ContentNow(form, state, ContainerShown::Yes), dest, dest.Bounds());
 }
 
 void BoxList::Add(Rectangle box) {

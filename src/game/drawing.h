@@ -21,7 +21,10 @@ enum class ContainerShown { No, Yes };
 /// not touched again.
 void ShowFrame(Game& game, ContainerShown container);
 
-/// Draws the same frame straight onto the play field and shows it.
+/// Draws a frame, current container and all, onto `dest`.
+void DrawFrame(const frmMain& form, const modVariables& state, Bitmap& dest);
+
+/// Draws it straight onto the play field and shows it.
 void ShowWaitingFrame(Game& game);
 
 }  // namespace sorvex

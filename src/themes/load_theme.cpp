@@ -9,7 +9,6 @@
 #include "base/files.h"
 #include "game/field_name.h"
 #include "highscores/highscore_table.h"
-#include "themes/theme_files.h"
 
 namespace sorvex {
 namespace {
@@ -71,6 +70,15 @@ void Show(Game& game, const std::string& name, const Theme& theme) {
   modVariables& state = game.state;
   SetSounds(game, JoinPath(game.desktop.ProgramFolder(), name));
   ++state.ThemeLoads;
+  PutOnForm(form, state, theme);
+  form.Caption = game.desktop.Version().Title + " - " + state.ThemeName;
+  NameField(form, state);
+  form.lblTime.SetCaption(game.desktop, "00.00");
+}
+
+}  // namespace
+
+void PutOnForm(frmMain& form, modVariables& state, const Theme& theme) {
   static_cast<ItemTable&>(state) = theme.items;
   state.LoadedItems = theme.items;
   // The new table may be shorter than the one they pointed into.
@@ -85,14 +93,9 @@ void Show(Game& game, const std::string& name, const Theme& theme) {
   form.PicPlainMask(0).SetPicture(theme.targetMask);
   form.PicBlank.SetPicture(form.picBg1.PictureObject());
   form.PicCanvas.Resize(form.PicBlank.Width, form.PicBlank.Height);
-  form.Caption = game.desktop.Version().Title + " - " + state.ThemeName;
-  NameField(form, state);
-  form.lblTime.SetCaption(game.desktop, "00.00");
   form.ThemeDescription = theme.details.description;
   form.ThemeDate = theme.details.date;
 }
-
-}  // namespace
 
 bool ReturnItemsToStart(Game& game) {
   modVariables& state = game.state;
