@@ -8,6 +8,7 @@
 #include "game/mask.h"
 #include "game/return_item.h"
 #include "kit/check.h"
+#include "kit/place_set.h"
 
 namespace sorvex {
 namespace {
@@ -16,47 +17,17 @@ std::string Said(int x, int y) { return "(" + std::to_string(x) + ", " + std::to
 std::string Said(Size size) { return std::to_string(size.width) + " x " + std::to_string(size.height); }
 std::string Pixels(int count) { return std::to_string(count) + (count == 1 ? " pixel" : " pixels"); }
 
-// The smallest box around the set bits.
-Rectangle BoxOf(const BitPlane& bits) {
-  const Size size = bits.Extent();
-  Rectangle box{size.width, size.height, 0, 0};
-  for (int y = 0; y < size.height; ++y) {
-    for (int x = 0; x < size.width; ++x) {
-      if ((bits.Row(y)[x / 64] >> (x % 64) & 1) == 0) continue;
-      box = {std::min(box.left, x), std::min(box.top, y), std::max(box.right, x + 1), y + 1};
-    }
-  }
-  return box;
-}
-
-// How many pixels must come off all edges of the item's mask until it does not touch the container (dx, dy) further in:
-// the deepest pixel that lies over the container, counted from the nearest that is not black.
+// How many pixels must come off all edges of the item's mask until it does not touch the container (dx, dy) further in.
 int TooThick(const Mask& item, const Mask& container, int dx, int dy) {
   const BitPlane& opaque = item.ItemOpaque();
-  const BitPlane& solid = container.ContainerSolid();
-  const auto isSet = [](const BitPlane& bits, int x, int y) {
-    return Rectangle::At(0, 0, bits.Extent()).Contains(x, y) && (bits.Row(y)[x / 64] >> (x % 64) & 1) != 0;
+  const auto touches = [&](int less) {
+    const Rectangle place = OnlyPlace({dx, dy});
+    return Contacts(Eroded(opaque, less), container.ContainerSolid(), place).Has({dx, dy});
   };
-  const auto [width, height] = opaque.Extent();
-  // With a border of zeros on all sides.
-  std::vector<int> depth(static_cast<std::size_t>(width + 2) * static_cast<std::size_t>(height + 2));
-  const auto at = [&](int x, int y) -> int& {
-    return depth[static_cast<std::size_t>(y + 1) * static_cast<std::size_t>(width + 2) +
-                 static_cast<std::size_t>(x + 1)];
-  };
-  for (int y = 0; y < height; ++y)
-    for (int x = 0; x < width; ++x)
-      if (isSet(opaque, x, y))
-        at(x, y) = 1 + std::min({at(x - 1, y - 1), at(x, y - 1), at(x + 1, y - 1), at(x - 1, y)});
-  int deepest = 0;
-  for (int y = height - 1; y >= 0; --y) {
-    for (int x = width - 1; x >= 0; --x) {
-      if (at(x, y) == 0) continue;
-      at(x, y) = std::min(at(x, y), 1 + std::min({at(x - 1, y + 1), at(x, y + 1), at(x + 1, y + 1), at(x + 1, y)}));
-      if (isSet(solid, x + dx, y + dy)) deepest = std::max(deepest, at(x, y));
-    }
-  }
-  return deepest;
+  int touching = 0;
+  int free = (std::min(opaque.Extent().width, opaque.Extent().height) + 1) / 2;  // by then nothing is left
+  while (free - touching > 1) (touches((touching + free) / 2) ? touching : free) = (touching + free) / 2;
+  return free;
 }
 
 // One item with its container, as far as it could be read whole.
@@ -200,7 +171,7 @@ class PlaceChecks {
 
   // What is opaque of a picture at `place` must lie inside the field.
   void CheckEdge(const char* file, int line, const std::string& what, const BitPlane& opaque, Spot place) {
-    const Rectangle box = BoxOf(opaque).Moved(place.x, place.y);
+    const Rectangle box = BoundsOf(opaque).Moved(place.x, place.y);
     if (box.Empty()) return;
     const Rectangle field = Rectangle::At(0, 0, *field_);
     const struct {

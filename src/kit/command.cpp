@@ -14,7 +14,11 @@
 #include <utility>
 
 #include "kit/check.h"
+#include "kit/gallery.h"
+#include "kit/preview.h"
 #include "kit/report.h"
+#include "kit/save_file.h"
+#include "platform/encode_png.h"
 
 namespace sorvex {
 namespace {
@@ -35,10 +39,22 @@ std::string WhyNoFolder(const std::string& name) {
   return std::filesystem::is_directory(path, error) ? "" : name + " is not a folder";
 }
 
+// Shows on a terminal how far the proof is, on a line that goes again.
+Progress ShowProgress(const std::string& folder) {
+  if (::isatty(STDERR_FILENO) == 0) return nullptr;
+  return [folder](int done, int all) {
+    constexpr int width = 20;
+    const auto filled = static_cast<std::size_t>(width * done / all);
+    std::string bar = std::string(filled, '#') + std::string(width - filled, '.');
+    std::cerr << "\r" << folder << " [" << bar << "]" << std::flush;
+    if (done + 1 == all) std::cerr << "\r" << std::string(folder.size() + bar.size() + 3, ' ') << "\r" << std::flush;
+  };
+}
+
 int Check(const std::vector<std::string>& folders, bool json) {
   std::vector<CheckedTheme> themes;
   for (const std::string& folder : folders) {
-    themes.push_back({folder, CheckTheme(folder)});
+    themes.push_back(CheckTheme(folder, ShowProgress(folder)));
     if (json) continue;
     std::cout << AsLines(themes.back(), IsColored()) << std::flush;
     std::cerr << Summary(themes.back());
@@ -46,6 +62,48 @@ int Check(const std::vector<std::string>& folders, bool json) {
   if (json) std::cout << AsJson(themes);
   const bool clean = std::ranges::all_of(themes, [](const CheckedTheme& theme) { return theme.findings.empty(); });
   return clean ? kNoFinding : kFindings;
+}
+
+std::vector<ItemProof> ProveAll(const Theme& theme) {
+  std::vector<ItemProof> proofs;
+  for (Long item = 0; item <= theme.items.LastItem; ++item) proofs.push_back(ProveItem(theme, item));
+  return proofs;
+}
+
+struct PreviewOptions {
+  std::vector<std::string> folders;
+  std::string picture;  // the file to write, empty: none
+  bool paths = false;
+  std::string gallery;  // the folder to write, empty: none
+};
+
+// The last part of a folder's path, also of one that ends with a separator.
+std::string NameOf(const std::string& folder) {
+  std::error_code error;
+  const auto path = std::filesystem::weakly_canonical(std::u8string(folder.begin(), folder.end()), error);
+  const std::u8string name = path.filename().u8string();
+  return name.empty() ? folder : std::string(name.begin(), name.end());
+}
+
+int Preview(const PreviewOptions& options) {
+  std::vector<Theme> themes;
+  for (const std::string& folder : options.folders) {
+    try {
+      themes.push_back(ReadTheme(folder));
+    } catch (const ThemeError& error) {
+      std::cerr << folder << ": " << error.what() << "\n";
+    }
+  }
+  if (themes.size() < options.folders.size()) return kFindings;
+  if (!options.picture.empty())
+    SaveFile(options.picture, EncodePng(options.paths ? DrawPreview(themes.front(), ProveAll(themes.front()))
+                                                      : DrawPreview(themes.front())));
+  if (options.gallery.empty()) return kNoFinding;
+  std::vector<GalleryTheme> shown;
+  for (std::size_t i = 0; i < themes.size(); ++i)
+    shown.push_back({NameOf(options.folders[i]), &themes[i], ProveAll(themes[i])});
+  WriteGallery(options.gallery, shown);
+  return kNoFinding;
 }
 
 }  // namespace
@@ -60,10 +118,21 @@ int RunThemeCommand(std::vector<std::string> arguments) {
   check->add_option("THEME", folders, "A theme's folder")->required()->check(WhyNoFolder);
   check->add_flag("--json", json, "Print the findings as JSON");
   check->footer("Exit status: 0 nothing found, 1 findings, 2 wrong usage.");
+  PreviewOptions preview;
+  CLI::App* draw = app.add_subcommand("preview", "Draws themes as the game starts them");
+  draw->add_option("THEME", preview.folders, "A theme's folder")->required()->check(WhyNoFolder);
+  CLI::Option* picture = draw->add_option("-o,--output", preview.picture, "Write one theme's field to this PNG file");
+  draw->add_flag("--paths", preview.paths, "Draw the ways to the target and their tightest places")->needs(picture);
+  CLI::Option* gallery =
+      draw->add_option("--web", preview.gallery, "Write a page with all the themes into this folder");
+  draw->callback([&] {
+    if (picture->empty() == gallery->empty()) throw CLI::RequiredError("Either -o or --web");
+    if (!picture->empty() && preview.folders.size() != 1) throw CLI::RequiredError("With -o exactly one THEME");
+  });
   try {
     std::ranges::reverse(arguments);  // as CLI11 takes them
     app.parse(std::move(arguments));
-    return Check(folders, json);
+    return check->parsed() ? Check(folders, json) : Preview(preview);
   } catch (const CLI::ParseError& error) {
     return app.exit(error) == 0 ? kNoFinding : kUsage;
   } catch (const std::exception& error) {

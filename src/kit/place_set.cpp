@@ -313,8 +313,10 @@ PlaceSet Contacts(const BitPlane& item, const BitPlane& container, const Rectang
   for (int dy = box.top; dy < box.bottom; ++dy) {
     sums.Begin(from, end);
     const int bottom = std::min(height, container.Extent().height - dy);
-    for (int y = std::max(0, -dy); y < bottom && !sums.AllFull(); ++y)
-      sums.Add(itemRows[static_cast<std::size_t>(y)], containerRows[static_cast<std::size_t>(y + dy)]);
+    for (int y = std::max(0, -dy); y < bottom && !sums.AllFull(); ++y) {
+      const int under = y + dy;
+      sums.Add(itemRows[static_cast<std::size_t>(y)], containerRows[static_cast<std::size_t>(under)]);
+    }
     Bits* row = contacts.bits.Row(dy - box.top);
     for (int i = 0; i < contacts.bits.WordsPerRow(); ++i)
       row[i] = sums.From(from + i * 64) & Span(0, box.Width() - i * 64);

@@ -8,7 +8,6 @@
 #include <bit>
 #include <cstdint>
 #include <limits>
-#include <tuple>
 #include <utility>
 
 #include "game/collision.h"
@@ -47,17 +46,13 @@ int Largest(int most, Fits fits) {
 /// The first place of the way, with the one before it, for which `is` holds.
 template <class Is>
 std::optional<std::pair<Place, Place>> FirstOn(const Way& way, Is is) {
-  Place before = way.front();
-  for (std::size_t i = 0; i < way.size(); ++i) {
-    const Place corner = way[i];
-    const Place from = before;
-    const int steps = std::max(std::abs(corner.x - from.x), std::abs(corner.y - from.y));
-    for (int step = std::min(1, steps); step <= steps; ++step) {
-      const Place place =
-          step == 0 ? from
-                    : Place{from.x + (corner.x - from.x) / steps * step, from.y + (corner.y - from.y) / steps * step};
+  Place place = way.front();
+  if (is(place)) return std::pair{place, place};
+  for (const Place corner : way) {
+    while (place != corner) {
+      const Place before = place;
+      place = {before.x + std::clamp(corner.x - before.x, -1, 1), before.y + std::clamp(corner.y - before.y, -1, 1)};
       if (is(place)) return std::pair{place, before};
-      before = place;
     }
   }
   return std::nullopt;
@@ -97,6 +92,7 @@ struct Ground {
     Rectangle area = Intersection(within, Grown(reach, room + 1));
     if (area.Empty()) area = OnlyPlace({begins.front().left, begins.front().top});
     std::vector<Rectangle> held;
+    held.reserve(begins.size());
     for (const Rectangle& box : begins) held.push_back(Held(box, area));
     const std::optional<Way> inner = FindWay(Crowded(contacts, room, area), held, Held(ends, area));
     if (!inner) return std::nullopt;
@@ -317,8 +313,9 @@ std::optional<Place> ItemSearch::GrabAt(Place start, Place direction, bool picks
 // Whether no item before this one takes a press there, all being where they start. Edges do not count.
 bool ItemSearch::PicksUp(Place pointer) const {
   for (Long i = 0; i < number_; ++i) {
-    const auto [width, height] = theme_.pictures[static_cast<std::size_t>(i)].item->Pixels().Extent();
-    const Rectangle sensitive{1, 1, width, height};
+    const Picture& picture = theme_.pictures[static_cast<std::size_t>(i)].item;
+    if (picture == nullptr) continue;  // of a theme that has faults
+    const Rectangle sensitive{1, 1, picture->Pixels().Width(), picture->Pixels().Height()};
     if (sensitive.Contains(pointer.x - theme_.items.ItemX(i), pointer.y - theme_.items.ItemY(i))) return false;
   }
   return true;

@@ -52,7 +52,7 @@ struct ItemProof {
   Journey fromRest;
 };
 
-/// Works out item `item` of a theme that could be read.
+/// Works out item `item` of a theme of which the background, the target and this item's pictures could be read.
 ///
 /// The whole mask counts. In the first frame in which an item is the current one the game's contact test sees at most
 /// the size of the item before; what it finds then is a part of what the proof keeps clear of, and what it misses takes

@@ -8,6 +8,7 @@
 
 #include "base/files.h"
 #include "base/text.h"
+#include "kit/gallery.h"
 
 namespace sorvex {
 namespace {
@@ -39,6 +40,13 @@ std::string JsonText(const std::string& text) {
   return json + '"';
 }
 
+// The least room and its item.
+std::string Tightest(const std::vector<ItemProof>& proofs, int Journey::*room) {
+  const auto least =
+      std::ranges::min_element(proofs, {}, [room](const ItemProof& proof) { return proof.fromStart.*room; });
+  return DescribeRoom(least->fromStart.*room) + " at item " + std::to_string(least - proofs.begin());
+}
+
 std::string AsJson(const std::string& folder, const Finding& finding) {
   std::string json = "{\"theme\": " + JsonText(folder) + ", \"file\": " + JsonText(finding.file);
   if (finding.line > 0) json += ", \"line\": " + std::to_string(finding.line);
@@ -68,7 +76,13 @@ std::string AsLines(const CheckedTheme& theme, bool colored) {
 std::string Summary(const CheckedTheme& theme) {
   const auto errors = std::ranges::count(theme.findings, Severity::Error, &Finding::severity);
   const auto warnings = static_cast<std::ptrdiff_t>(theme.findings.size()) - errors;
-  return theme.folder + ": " + Counted(errors, "error") + ", " + Counted(warnings, "warning") + "\n";
+  std::string summary = theme.folder + ": " + Counted(errors, "error") + ", " + Counted(warnings, "warning");
+  const bool areWays =
+      std::ranges::all_of(theme.proofs, [](const ItemProof& item) { return item.fromStart.verdict == Verdict::Way; });
+  if (areWays && !theme.proofs.empty())
+    summary += "; tightness " + Tightest(theme.proofs, &Journey::room) + ", once out " +
+               Tightest(theme.proofs, &Journey::roomOnceOut);
+  return summary + "\n";
 }
 
 std::string AsJson(const std::vector<CheckedTheme>& themes) {

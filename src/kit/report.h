@@ -5,19 +5,13 @@
 #include <string>
 #include <vector>
 
-#include "kit/findings.h"
+#include "kit/check.h"
 
 namespace sorvex {
 
-/// A theme's folder, as it was named, and what was found in it.
-struct CheckedTheme {
-  std::string folder;
-  Findings findings;
-};
-
 /// One line a finding: "Theme1/Theme.ini:7: error: ... [code]".
 std::string AsLines(const CheckedTheme& theme, bool colored);
-/// "Theme1: 2 errors, 1 warning".
+/// "Theme1: 2 errors, 1 warning; tightness 2 at item 3, once out 4 at item 0": the items with the least room.
 std::string Summary(const CheckedTheme& theme);
 /// An array with one object a finding: theme, file, severity, code, message, and line or x and y where there are any.
 std::string AsJson(const std::vector<CheckedTheme>& themes);

@@ -37,7 +37,8 @@ std::vector<std::string> FoundIn(const Design& design, const Spoil& spoil) {
     WriteFile(path / sound, WaveFile().With("1234"));
   if (spoil) spoil(path);
   std::vector<std::string> lines;
-  for (const Finding& finding : CheckTheme(path.string())) lines.push_back(AsLines({"", {finding}}, false));
+  for (const Finding& finding : CheckTheme(path.string()).findings)
+    lines.push_back(AsLines({"", {finding}, {}}, false));
   return lines;
 }
 
@@ -58,6 +59,13 @@ Bitmap WithPixel(Bitmap bitmap, int x, int y, Pixel pixel) {
 Bitmap Inverted(Bitmap bitmap) {
   std::for_each_n(bitmap.Row(0), bitmap.Pixels().size(), [](Pixel& pixel) { pixel ^= 0xFFFFFF; });
   return bitmap;
+}
+
+// A box that is closed all round.
+Bitmap Ring(Size size, int wall) {
+  Bitmap mask = CupMask(size, wall);
+  std::fill_n(mask.Row(0), size.width * wall, kBlack);
+  return mask;
 }
 
 void Grid(TestTheme& theme, int count) {
@@ -131,7 +139,7 @@ const Example kExamples[] = {
     {"outside-field", "Theme.ini:7: warning: container 1 at (290, 20) reaches outside the field of 316 x 236 pixels, 14",
      {}, [](auto& theme) { theme.items[1].contX = 290, theme.items[1].x = 295; }},
     {"outside-field", "Theme2.ini: warning: the target at (400, 180) lies outside the field",
-     {}, [](auto& theme) { theme.targetX = 400; }},
+     {}, [](auto& theme) { theme.targetX = 400; }, false},
     {"item-covered", "Theme.ini:5: warning: where item 1 starts, at (25, 63), a press on 132 of its 132 pixels picks up "
      "item 0", {}, [](auto& theme) { theme.items[1].x = 25; }},
     {"container-covered", "Theme.ini:7: warning: container 1 can never be chosen: it lies under container 0",
@@ -144,6 +152,14 @@ const Example kExamples[] = {
     {"details-cut", "ThemeDetails.ini:1: warning: the description ends at 'Glass' and the date reads 'brass and steel'",
      Text("ThemeDetails.ini", "Glass, brass and steel\r\nMay 2026\r\n")},
     {"details-cut", "ThemeDetails.ini:1: warning: ", Text("ThemeDetails.ini", "Glass, brass")},
+    {"no-way", "Theme.ini:1: error: item 0 starts at (25, 63) and has no way without jumping to the target: the walls close "
+     "at (25, ", Both(Pixels("cm0.bmp", Ring({40, 60}, 3)), Pixels("cs0.bmp", Coloured(Ring({40, 60}, 3), 0xFF0000C0)))},
+    {"way-leaves-field", "Theme.ini:1: warning: item 0 starts at (25, 63) and reaches the target only with the pointer ",
+     {}, [](auto& theme) { theme.targetX = 400; }, false},
+    {"target-out-of-reach", "Theme.ini:1: error: item 0 starts at (25, 63), and no pointer on or near the field can",
+     {}, [](auto& theme) { theme.targetX = 3000; }, false},
+    {"cannot-be-held", "Theme.ini:1: error: item 0 starts at (400, 63), where no black pixel of its mask lies inside",
+     {}, [](auto& theme) { theme.items[0].x = 400; }, false},
     {"missing-sound", "LetGo.wav: warning: not found; the desktop's bell", Without("LetGo.wav")},
     {"bad-sound", "LetGo.wav: warning: this is an MP3 sound", Text("LetGo.wav", "ID3\x03")},
     {"no-high-scores", "HighScores.ini: warning: not found", Without("HighScores.ini")},
@@ -234,19 +250,19 @@ TEST(ASoundTheme, HasNoFinding) {
   };
   for (const auto& [what, spoil] : forms) EXPECT_EQ(FoundIn({}, spoil), std::vector<std::string>()) << what;
   const std::string shipped = SORVEX_SOURCE_FOLDER "/themes/Theme1";
-  EXPECT_EQ(AsLines({shipped, CheckTheme(shipped)}, false), "");
+  EXPECT_EQ(AsLines(CheckTheme(shipped), false), "");
 }
 
 TEST(Findings, AreToldToProgramsToo) {
   const Finding pixel{Severity::Warning, "mask-not-pure", "sm0.bmp", 0, Spot{5, 7}, "a \"grey\"\n"};
   const Finding line{Severity::Error, "blank-line", "Theme.ini", 9, std::nullopt, "é"};
-  EXPECT_EQ(AsJson(std::vector<CheckedTheme>{{"A\\B", {pixel}}, {"C", {line}}}),
+  EXPECT_EQ(AsJson(std::vector<CheckedTheme>{{"A\\B", {pixel}, {}}, {"C", {line}, {}}}),
             "[\n  {\"theme\": \"A\\\\B\", \"file\": \"sm0.bmp\", \"x\": 5, \"y\": 7, \"severity\": \"warning\", "
             "\"code\": \"mask-not-pure\", \"message\": \"a \\\"grey\\\"\\u000A\"},\n"
             "  {\"theme\": \"C\", \"file\": \"Theme.ini\", \"line\": 9, \"severity\": \"error\", "
             "\"code\": \"blank-line\", \"message\": \"é\"}\n]\n");
-  EXPECT_EQ(AsLines({"", {line}}, true), "\x1B[1mTheme.ini:9\x1B[0m: \x1B[1;31merror\x1B[0m: é [blank-line]\n");
-  EXPECT_EQ(Summary({"T", {pixel, line, pixel}}), "T: 1 error, 2 warnings\n");
+  EXPECT_EQ(AsLines({"", {line}, {}}, true), "\x1B[1mTheme.ini:9\x1B[0m: \x1B[1;31merror\x1B[0m: é [blank-line]\n");
+  EXPECT_EQ(Summary({"T", {pixel, line, pixel}, {}}), "T: 1 error, 2 warnings\n");
 }
 
 }  // namespace

@@ -258,7 +258,7 @@ TEST(Proof, ItsWaysPlayTheDefaultThemeToItsEnd) {
   Story story{std::vector<TestTheme>{}};
   std::filesystem::create_directories(story.ThemeFile(""));
   std::filesystem::copy(source, story.ThemeFile(""));
-  const Theme theme = ReadTheme(story.desktop, source);
+  const Theme theme = ReadTheme(source);
   story.Start();
   for (Long i = 0; i <= theme.items.LastItem; ++i) {
     const Journey journey = ProveItem(theme, i).fromStart;

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
-// Converting between pixel memory and Qt's images, and reading bitmap files.
+// Converting between pixel memory and Qt's images, reading bitmap files and writing PNG files.
 #include "platform/qt/images.h"
 
 #include <QBuffer>
 #include <QImageReader>
+#include <QImageWriter>
 #include <algorithm>
 #include <array>
 #include <bit>
@@ -11,7 +12,9 @@
 #include <cstdlib>
 #include <utility>
 
+#include "base/runtime_error.h"
 #include "platform/decode_bitmap.h"
+#include "platform/encode_png.h"
 
 namespace sorvex {
 
@@ -141,6 +144,12 @@ std::optional<Bitmap> DecodeBitmap(std::string_view bytes) {
   const auto bits = pixels ? ChannelBits(bytes) : std::nullopt;
   if (bits) WidenChannels(*pixels, *bits);
   return pixels;
+}
+
+std::string EncodePng(const Bitmap& bitmap) {
+  QBuffer buffer;
+  if (!QImageWriter(&buffer, "PNG").write(ViewOf(bitmap))) throw OutOfMemory();
+  return buffer.data().toStdString();
 }
 
 }  // namespace sorvex

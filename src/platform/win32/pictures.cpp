@@ -43,8 +43,6 @@ class GdiPlus {
   ULONG_PTR token_ = 0;
 };
 
-void StartGdiPlus() { static const GdiPlus session; }
-
 void Paint(HDC context, const Rectangle& place, Gdiplus::Image& image) {
   Gdiplus::Graphics graphics(context);
   graphics.SetInterpolationMode(Gdiplus::InterpolationModeHighQualityBicubic);
@@ -78,6 +76,8 @@ OleSession::OleSession() : started_(SUCCEEDED(::OleInitialize(nullptr))) {}
 OleSession::~OleSession() {
   if (started_) ::OleUninitialize();
 }
+
+void StartGdiPlus() { static const GdiPlus session; }
 
 std::optional<Bitmap> DecodePicture(std::string_view bytes) {
   const PictureObject picture = Load(bytes);

@@ -23,6 +23,9 @@ class OleSession {
   bool started_;
 };
 
+/// GDI+, from its first use on for the time that the program runs.
+void StartGdiPlus();
+
 /// The pixels of a picture file, given its bytes; transparency is dropped. nullopt when the system cannot read it. The
 /// reader trusts what a bitmap declares of itself: check that first (themes/bitmap_check.h).
 std::optional<Bitmap> DecodePicture(std::string_view bytes);

@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: MIT
+// Pictures and pages written by the kit: what is in them, and that a page can be opened anywhere.
+#include "kit/gallery.h"
+
+#include <gtest/gtest.h>
+
+#include "bitmaps/png.h"
+#include "game/mask.h"
+#include "kit/preview.h"
+#include "platform/encode_png.h"
+#include "support/random_surfaces.h"
+#include "support/temp_folder.h"
+
+namespace sorvex {
+namespace {
+
+TEST(Png, HoldsThePixels) {
+  Random random;
+  SCOPED_TRACE(random.Seed);
+  const TempFolder folder;
+  for (const Size size : {Size{1, 1}, {7, 3}, {130, 41}}) {
+    const Bitmap bitmap = random.Bitmap(size, Colours::Any);
+    Bitmap opaque = bitmap;
+    std::for_each_n(opaque.Row(0), opaque.Pixels().size(), [](Pixel& pixel) { pixel |= kBlack; });
+    WriteFile(folder.Path() / "a.png", EncodePng(opaque));
+    EXPECT_EQ(ReadPng(folder.Path() / "a.png"), opaque);
+  }
+}
+
+TEST(Gallery, ShowsThemesWithoutTrustingThem) {
+  Theme theme;
+  theme.background = theme.background2 = MakePicture(Bitmap({60, 40}, 0xFF204060));
+  theme.targetPicture = theme.targetMask = MakeMask(Bitmap({10, 10}));
+  theme.target = {45, 25};
+  theme.details.description = "<script>alert(\"a\" & 'b')</script>";
+  const Picture item = MakeMask(Bitmap({4, 4}));
+  theme.pictures.push_back({item, item, MakePicture(Bitmap({20, 20}, kWhite)), MakeMask(Bitmap({20, 20}, kWhite))});
+  theme.items.LastItem = 0;
+  theme.items.ItemInPlay(0) = theme.items.ContInPlay(0) = true;
+  theme.items.ItemX(0) = theme.items.ItemY(0) = 8;
+
+  const TempFolder folder;
+  const GalleryTheme shown[] = {{"a<b> \"\xE9\"", &theme, {ProveItem(theme, 0)}}};
+  WriteGallery((folder.Path() / "new" / "web").string(), shown);
+  const std::string page = ReadWholeFile(folder.Path() / "new" / "web" / "index.html");
+  EXPECT_NE(page.find("a&lt;b&gt; &quot;\xC3\xA9&quot;"), page.npos);
+  EXPECT_NE(page.find("inside the field"), page.npos);
+  EXPECT_NE(page.find("255 or more"), page.npos);
+  for (const char* foreign : {"<script", "http:", "https:", "//", "\xE9\""}) EXPECT_EQ(page.find(foreign), page.npos);
+  EXPECT_EQ(ReadPng(folder.Path() / "new" / "web" / "1.png"), DrawPreview(theme));
+  const Bitmap ways = ReadPng(folder.Path() / "new" / "web" / "1-ways.png");
+  EXPECT_EQ(ways.At(8, 8), kBlack) << "the item, beside its way";
+  EXPECT_EQ(ways.At(10, 10), ColourOf(0)) << "its centre, where the way begins";
+}
+
+}  // namespace
+}  // namespace sorvex
