@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <chrono>
 #include <filesystem>
-#include <fstream>
 #include <random>
 #include <system_error>
 #include <utility>
@@ -51,23 +50,6 @@ std::ifstream OpenPlainFile(const std::string& name) {
   return std::ifstream(path, std::ios::binary);
 }
 
-// nullopt when the file is not open or has no size.
-std::optional<std::uintmax_t> SizeOf(std::ifstream& file) {
-  if (!file.is_open()) return std::nullopt;
-  const auto size = static_cast<std::streamoff>(file.seekg(0, std::ios::end).tellg());
-  file.seekg(0);
-  return size < 0 ? std::nullopt : std::optional(static_cast<std::uintmax_t>(size));
-}
-
-// The first `count` bytes, fewer where the file was cut off meanwhile; nullopt when they cannot be read.
-std::optional<std::string> ReadBytes(std::ifstream& file, std::uintmax_t count) {
-  std::string bytes(static_cast<std::size_t>(count), '\0');
-  file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-  if (file.bad()) return std::nullopt;
-  bytes.resize(static_cast<std::size_t>(file.gcount()));
-  return bytes;
-}
-
 }  // namespace
 
 std::string JoinPath(std::string_view folder, std::string_view name) { return ToText(ToPath(folder) / ToPath(name)); }
@@ -106,15 +88,35 @@ bool PathExists(const std::string& path) {
 }
 
 std::optional<std::string> ReadFile(const std::string& path, std::uintmax_t limit) {
-  std::ifstream file = OpenPlainFile(path);
-  const std::optional<std::uintmax_t> size = SizeOf(file);
-  return size && *size <= limit ? ReadBytes(file, *size) : std::nullopt;
+  GrowingStart file(path);
+  return file.Size() <= limit && file.ReadUpTo(limit) ? std::optional(std::move(file).Bytes()) : std::nullopt;
 }
 
 std::optional<std::string> ReadStart(const std::string& path, std::uintmax_t count) {
-  std::ifstream file = OpenPlainFile(path);
-  const std::optional<std::uintmax_t> size = SizeOf(file);
-  return size ? ReadBytes(file, std::min(count, *size)) : std::nullopt;
+  GrowingStart file(path);
+  return file.ReadUpTo(count) ? std::optional(std::move(file).Bytes()) : std::nullopt;
+}
+
+GrowingStart::GrowingStart(const std::string& path) : file_(OpenPlainFile(path)) {
+  if (!file_.is_open()) return;
+  const auto end = static_cast<std::streamoff>(file_.seekg(0, std::ios::end).tellg());
+  file_.seekg(0);
+  if (end < 0)
+    file_.close();
+  else
+    size_ = static_cast<std::uintmax_t>(end);
+}
+
+bool GrowingStart::ReadUpTo(std::uintmax_t count) {
+  if (!file_.is_open()) return false;
+  const std::size_t known = bytes_.size();
+  const auto wanted = static_cast<std::size_t>(std::min(count, size_));
+  if (wanted <= known) return true;
+  bytes_.resize(wanted);
+  file_.read(bytes_.data() + known, static_cast<std::streamsize>(wanted - known));
+  if (file_.bad()) return false;
+  bytes_.resize(known + static_cast<std::size_t>(file_.gcount()));
+  return true;
 }
 
 std::string TemporaryName() {

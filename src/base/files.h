@@ -3,9 +3,11 @@
 #pragma once
 
 #include <cstdint>
+#include <fstream>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace sorvex {
@@ -28,6 +30,24 @@ bool PathExists(const std::string& path);
 std::optional<std::string> ReadFile(const std::string& path, std::uintmax_t limit);
 /// The first `count` bytes of the file, all of a shorter one; nullopt when it cannot be opened or read.
 std::optional<std::string> ReadStart(const std::string& path, std::uintmax_t count);
+
+/// A plain file whose first bytes tell how many of it are wanted. It is opened once.
+class GrowingStart {
+ public:
+  explicit GrowingStart(const std::string& path);
+  /// The file's size in bytes as it was opened; 0 when it cannot be.
+  std::uintmax_t Size() const { return size_; }
+  /// Reads on until Bytes() are the file's first `count`, or all of a shorter one. False when it cannot be opened or
+  /// read.
+  bool ReadUpTo(std::uintmax_t count);
+  const std::string& Bytes() const& { return bytes_; }
+  std::string Bytes() && { return std::move(bytes_); }
+
+ private:
+  std::ifstream file_;
+  std::uintmax_t size_ = 0;
+  std::string bytes_;
+};
 
 /// A name for a new file that is to take another's place: hidden, in no theme's list, and nobody can foresee it.
 std::string TemporaryName();

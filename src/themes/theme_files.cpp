@@ -79,10 +79,10 @@ class BitmapReader {
 
   // nullopt after a report.
   std::optional<Bitmap> Read(const std::string& name) {
-    const std::string path = FindFile(folder_, name);
-    const std::optional<std::string> start = ReadStart(path, kBitmapHeaders);
-    if (!start) return Refuse("missing-file", name, "not found, or not a file that can be opened");
-    const std::optional<DeclaredBitmap> declared = ReadBitmapHeaders(*start);
+    GrowingStart file(FindFile(folder_, name));
+    if (!file.ReadUpTo(kBitmapHeaders))
+      return Refuse("missing-file", name, "not found, or not a file that can be opened");
+    const std::optional<DeclaredBitmap> declared = ReadBitmapHeaders(file.Bytes());
     if (!declared) return Refuse("not-a-bitmap", name, kNotReadable);
     const std::int64_t pixels = std::int64_t{declared->size.width} * declared->size.height;
     if (pixels > pixelsLeft_)
@@ -90,10 +90,10 @@ class BitmapReader {
           "too-many-pixels", name,
           "the pictures of a theme may have " + std::to_string(kMostPixels / 1'000'000) + " million pixels in all");
     pixelsLeft_ -= pixels;
-    // What a file holds behind its pixels costs nothing. The file may have changed since its start was read.
-    const std::optional<std::string> bytes = ReadStart(path, declared->bytes);
-    if (!bytes || DeclaredSize(*bytes) != declared->size) return Refuse("broken-bitmap", name, kNotReadable);
-    std::optional<Bitmap> bitmap = DecodeBitmap(*bytes);
+    // What a file holds behind its pixels costs nothing.
+    if (!file.ReadUpTo(declared->bytes) || DeclaredSize(file.Bytes()) != declared->size)
+      return Refuse("broken-bitmap", name, kNotReadable);
+    std::optional<Bitmap> bitmap = DecodeBitmap(file.Bytes());
     return bitmap ? std::move(bitmap) : Refuse("broken-bitmap", name, kNotReadable);
   }
 
