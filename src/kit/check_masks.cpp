@@ -46,11 +46,11 @@ struct Pair {
 
 // What both together show: of the mask's pixels, and of those where picture and mask reach.
 struct Comparison {
-  Count grey;        // mask neither black nor white
-  Count spilt;       // picture not white where the mask is white
-  int coloured = 0;  // picture not white where the mask is black
-  int white = 0;     // picture white where the mask is black
-  int blank = 0;     // both white
+  Count gray;       // mask neither black nor white
+  Count spilt;      // picture not white where the mask is white
+  int colored = 0;  // picture not white where the mask is black
+  int white = 0;    // picture white where the mask is black
+  int blank = 0;    // both white
 };
 
 Comparison Compare(const Pair& pair) {
@@ -58,10 +58,10 @@ Comparison Compare(const Pair& pair) {
   for (int y = 0; y < pair.mask.Height(); ++y) {
     for (int x = 0; x < pair.mask.Width(); ++x) {
       const Pixel mask = pair.mask.At(x, y);
-      if (mask != kBlack && mask != kWhite) seen.grey.Add(x, y);
+      if (mask != kBlack && mask != kWhite) seen.gray.Add(x, y);
       if (!pair.picture.Bounds().Contains(x, y)) continue;
       const bool isWhite = pair.picture.At(x, y) == kWhite;
-      if (mask == kBlack) ++(isWhite ? seen.white : seen.coloured);
+      if (mask == kBlack) ++(isWhite ? seen.white : seen.colored);
       if (mask != kWhite) continue;
       if (isWhite)
         ++seen.blank;
@@ -75,7 +75,7 @@ Comparison Compare(const Pair& pair) {
 // At nine of ten pixels they say the opposite of each other.
 bool IsInverted(const Comparison& seen) {
   const int opposite = seen.spilt.pixels + seen.white;
-  return seen.spilt.pixels > 0 && seen.white > 0 && opposite >= 9 * (seen.coloured + seen.blank);
+  return seen.spilt.pixels > 0 && seen.white > 0 && opposite >= 9 * (seen.colored + seen.blank);
 }
 
 // The white around what the picture shows, as far as the mask is black there: white that reaches the picture's edge, or
@@ -118,10 +118,10 @@ void CheckPair(const Pair& pair, Findings& findings) {
     findings.push_back({Severity::Warning, "mask-size", pair.maskFile, 0, std::nullopt,
                         SizeName(pair.mask) + " pixels, but its picture " + pair.pictureFile + " has " +
                             SizeName(pair.picture) + "; both must have the same size"});
-  if (seen.grey.pixels > 0)
-    Warn(findings, "mask-not-pure", pair.maskFile, seen.grey,
-         Said(seen.grey) + " neither black #000000 nor white #FFFFFF but " +
-             ColorName(pair.mask.At(seen.grey.first.x, seen.grey.first.y)) + "; a mask has no other colour");
+  if (seen.gray.pixels > 0)
+    Warn(findings, "mask-not-pure", pair.maskFile, seen.gray,
+         Said(seen.gray) + " neither black #000000 nor white #FFFFFF but " +
+             ColorName(pair.mask.At(seen.gray.first.x, seen.gray.first.y)) + "; a mask has no other color");
   if (IsInverted(seen)) {
     findings.push_back({Severity::Warning, "mask-inverted", pair.maskFile, 0, std::nullopt,
                         "black and white are exchanged: it is white where " + pair.pictureFile +

@@ -146,7 +146,7 @@ class PlaceChecks {
               " too thick, and the game then answers no pointer");
     if (IsOverTarget(item, {rest.x, rest.y}))
       Add(Severity::Error, "item-over-target", item.ContainerLine(),
-          where + " with its centre over the target: it is put in without being moved");
+          where + " with its center over the target: it is put in without being moved");
     if (!IsInField({rest.x, rest.y}))
       Add(Severity::Error, "rest-outside-field", item.ContainerLine(),
           where + ", outside the field of " + Said(*field_) + " pixels: move its container");
@@ -166,7 +166,7 @@ class PlaceChecks {
               " too thick, and the game sends it to its rest place at once" + cure);
     if (IsOverTarget(item, start))
       Add(Severity::Error, "item-over-target", item.StartLine(),
-          where + " with its centre over the target: it is put in without being moved" + cure);
+          where + " with its center over the target: it is put in without being moved" + cure);
   }
 
   // What is opaque of a picture at `place` must lie inside the field.

@@ -39,7 +39,7 @@ std::optional<Finding> FindingOf(const Journey& journey, Long item, const std::s
                      ", where no black pixel of its mask lies inside the field: nobody can pick it up");
     case Verdict::OutOfReach:
       return finding(Severity::Error, "target-out-of-reach",
-                     ", and no pointer on or near the field can bring its centre over the target");
+                     ", and no pointer on or near the field can bring its center over the target");
     case Verdict::NoWay:
       return finding(Severity::Error, "no-way",
                      " and has no way without jumping to the target: the walls close at " + Said(journey.closesAt) +

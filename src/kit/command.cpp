@@ -27,7 +27,7 @@ constexpr int kNoFinding = 0;
 constexpr int kFindings = 1;
 constexpr int kUsage = 2;
 
-// Consoles that know colours set TERM; NO_COLOR asks for none.
+// Consoles that know colors set TERM; NO_COLOR asks for none.
 bool IsColored() {
   return ::isatty(STDOUT_FILENO) != 0 && std::getenv("TERM") != nullptr && std::getenv("NO_COLOR") == nullptr;
 }

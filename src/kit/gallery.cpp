@@ -53,11 +53,11 @@ std::string Figure(const std::string& file, const std::string& what, Size size) 
 }
 
 std::string Row(int item, const ItemProof& proof) {
-  char colour[8];
-  std::snprintf(colour, sizeof colour, "#%06X", ColourOf(item) & 0xFFFFFF);
+  char color[8];
+  std::snprintf(color, sizeof color, "#%06X", ColorOf(item) & 0xFFFFFF);
   const Journey& journey = proof.fromStart;
   const bool way = journey.verdict == Verdict::Way;
-  std::string row = "<tr><td><span class=\"mark\" style=\"background: " + std::string(colour) + "\"></span> " +
+  std::string row = "<tr><td><span class=\"mark\" style=\"background: " + std::string(color) + "\"></span> " +
                     std::to_string(item) + "</td>";
   for (const std::string& cell : {DescribeWay(journey), way ? DescribeRoom(journey.room) : "",
                                   way ? DescribeRoom(journey.roomOnceOut) : "", DescribeWay(proof.fromRest)})

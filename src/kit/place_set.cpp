@@ -59,6 +59,14 @@ std::vector<Row> RowsOf(const BitPlane& plane) {
   return rows;
 }
 
+// Row y holds the bits of all rows y, y + period, y + 2 * period ...
+BitPlane Folded(const BitPlane& plane, int period) {
+  BitPlane folded({plane.Extent().width, period});
+  for (int y = 0; y < plane.Extent().height; ++y)
+    for (int i = 0; i < plane.WordsPerRow(); ++i) folded.Row(y % period)[i] |= plane.Row(y)[i];
+  return folded;
+}
+
 BitPlane Mirrored(const BitPlane& plane) {
   BitPlane mirrored(plane.Extent());
   const int width = plane.Extent().width;
@@ -71,20 +79,24 @@ BitPlane Mirrored(const BitPlane& plane) {
 
 // The sums of the places of a bit of one row and one of another, as bits of which the words `first` to `last` are
 // wanted. There are three ways to add those of two rows; which is the fastest depends on how many bits are set and how
-// many words are full already.
+// many words are full already: hold all that they can come to.
 class Sums {
  public:
-  explicit Sums(int length) : words_(static_cast<std::size_t>(length + 63) / 64 + 2) {}
+  explicit Sums(int length) : words_(static_cast<std::size_t>(length + 63) / 64 + 2), most_(words_.size(), kFull) {}
 
   // Only the bits from `from` up to `end` are wanted.
   void Begin(int from, int end) {
-    std::ranges::fill(words_, 0);
     first_ = from / 64;
     last_ = (end - 1) / 64;
-    At(first_) |= Span(0, from % 64);
-    At(last_) |= Span(end - last_ * 64, 64);
-    added_ = 0;
-    FindOpenWords();
+    firstUnwanted_ = Span(0, from % 64);
+    lastUnwanted_ = Span(end - last_ * 64, 64);
+    std::ranges::fill(most_, kFull);
+    Clear();
+  }
+  // What has been added so far is all that any sum from now on can come to; nothing counts as added any more.
+  void BoundByAdded() {
+    std::ranges::swap(words_, most_);
+    Clear();
   }
 
   void Add(const Row& a, const Row& b) {
@@ -111,11 +123,21 @@ class Sums {
 
  private:
   Bits& At(int word) { return words_[static_cast<std::size_t>(word)]; }
+  Bits Most(int word) const { return most_[static_cast<std::size_t>(word)]; }
+  bool IsFull(int word) { return At(word) == Most(word); }
+
+  void Clear() {
+    std::ranges::fill(words_, 0);
+    At(first_) |= firstUnwanted_;
+    At(last_) |= lastUnwanted_;
+    added_ = 0;
+    FindOpenWords();
+  }
 
   void FindOpenWords() {
     open_.clear();
     for (int i = first_; i <= last_; ++i)
-      if (At(i) != kFull) open_.push_back(i);
+      if (!IsFull(i)) open_.push_back(i);
   }
 
   void AddPairs(const Row& few, const Row& many) {
@@ -123,7 +145,7 @@ class Sums {
       for (const Word& other : many.set) {
         const int at = one.index + other.index;
         if (at > last_) break;
-        if (at + 1 < first_ || (At(at) & At(at + 1)) == kFull) continue;
+        if (at + 1 < first_ || (IsFull(at) && IsFull(at + 1))) continue;
         Bits bits = one.count < other.count ? one.bits : other.bits;
         const Bits shifted = one.count < other.count ? other.bits : one.bits;
         for (; bits != 0; bits &= bits - 1) {
@@ -152,7 +174,7 @@ class Sums {
       Bits sums = At(at);
       for (const Word& word : few.set) {
         const int i = at - word.index;
-        if (i < 0 || sums == kFull) break;
+        if (i < 0 || sums == Most(at)) break;
         if (i > many.length || (many.words[i] | many.words[i - 1]) == 0) continue;
         for (Bits bits = word.bits; bits != 0; bits &= bits - 1) {
           const int shift = std::countr_zero(bits);
@@ -164,8 +186,11 @@ class Sums {
   }
 
   std::vector<Bits> words_;
+  std::vector<Bits> most_;
   int first_ = 0;
   int last_ = 0;
+  Bits firstUnwanted_ = 0;  // bits of the first and of the last word
+  Bits lastUnwanted_ = 0;
   std::vector<int> open_;  // words that were not full when last looked at
   int added_ = 0;
 };
@@ -304,6 +329,13 @@ PlaceSet Contacts(const BitPlane& item, const BitPlane& container, const Rectang
   const BitPlane mirrored = Mirrored(item);
   const std::vector<Row> itemRows = RowsOf(mirrored);
   const std::vector<Row> containerRows = RowsOf(container);
+  // Dithered masks leave places free between contacts, and rows would be added to the end in vain. What folded rows can
+  // come to bounds what all can; this period has most of those that dithers have.
+  const int period = height < 8 * 24 ? 1 : 24;
+  const BitPlane foldedItem = Folded(mirrored, period);
+  const BitPlane foldedContainer = Folded(container, period);
+  const std::vector<Row> itemFolds = RowsOf(foldedItem);
+  const std::vector<Row> containerFolds = RowsOf(foldedContainer);
 
   // A bit of the container at c lies under one of the item at i where the item stands at c - i, and in the mirrored row
   // that is at width - 1 - i.
@@ -312,6 +344,10 @@ PlaceSet Contacts(const BitPlane& item, const BitPlane& container, const Rectang
   Sums sums(width + container.Extent().width);
   for (int dy = box.top; dy < box.bottom; ++dy) {
     sums.Begin(from, end);
+    for (int y = 0; y < period; ++y)
+      sums.Add(itemFolds[static_cast<std::size_t>(y)],
+               containerFolds[static_cast<std::size_t>(((y + dy) % period + period) % period)]);
+    sums.BoundByAdded();
     const int bottom = std::min(height, container.Extent().height - dy);
     for (int y = std::max(0, -dy); y < bottom && !sums.AllFull(); ++y) {
       const int under = y + dy;

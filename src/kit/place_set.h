@@ -40,7 +40,7 @@ struct PlaceSet {
 
 /// The smallest box that holds every set bit.
 Rectangle BoundsOf(const BitPlane& plane);
-/// The set bits that have an unset neighbour above, below, at the left or at the right; beyond the plane all are unset.
+/// The set bits that have an unset neighbor above, below, at the left or at the right; beyond the plane all are unset.
 BitPlane OutlineOf(const BitPlane& plane);
 /// The set bits that have no unset one within `by` pixels across and down; beyond the plane all are unset.
 BitPlane Eroded(const BitPlane& plane, int by);

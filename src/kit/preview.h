@@ -13,12 +13,12 @@ namespace sorvex {
 /// The play field as the game starts with it.
 Bitmap DrawPreview(const Theme& theme);
 
-/// The same with what was worked out of each item drawn over it, in a colour of the item's own: its container's
-/// outline, the way of its centre to the target, a box of its size where that is tightest, and a cross where the walls
+/// The same with what was worked out of each item drawn over it, in a color of the item's own: its container's
+/// outline, the way of its center to the target, a box of its size where that is tightest, and a cross where the walls
 /// close.
 Bitmap DrawPreview(const Theme& theme, std::span<const ItemProof> proofs);
 
-/// The colour of item `number` in the preview.
-Pixel ColourOf(int number);
+/// The color of item `number` in the preview.
+Pixel ColorOf(int number);
 
 }  // namespace sorvex

@@ -21,7 +21,7 @@ enum class Verdict {
   OutOfRange,  ///< its place, or the distance to its container, is no Integer: the game ends with an overflow
   Touches,     ///< it touches its container where it stands: the game answers no pointer
   NotHeld,     ///< no pixel of its mask inside the field is exactly black: nobody can pick it up
-  OutOfReach,  ///< no pointer within kFarthestOutside of the field holds its centre over the target
+  OutOfReach,  ///< no pointer within kFarthestOutside of the field holds its center over the target
   NoWay,       ///< the walls close: only a movement of many pixels at once could jump them
 };
 

@@ -19,7 +19,7 @@ TEST(Png, HoldsThePixels) {
   SCOPED_TRACE(random.Seed);
   const TempFolder folder;
   for (const Size size : {Size{1, 1}, {7, 3}, {130, 41}}) {
-    const Bitmap bitmap = random.Bitmap(size, Colours::Any);
+    const Bitmap bitmap = random.Bitmap(size, Colors::Any);
     Bitmap opaque = bitmap;
     std::for_each_n(opaque.Row(0), opaque.Pixels().size(), [](Pixel& pixel) { pixel |= kBlack; });
     WriteFile(folder.Path() / "a.png", EncodePng(opaque));
@@ -50,7 +50,7 @@ TEST(Gallery, ShowsThemesWithoutTrustingThem) {
   EXPECT_EQ(ReadPng(folder.Path() / "new" / "web" / "1.png"), DrawPreview(theme));
   const Bitmap ways = ReadPng(folder.Path() / "new" / "web" / "1-ways.png");
   EXPECT_EQ(ways.At(8, 8), kBlack) << "the item, beside its way";
-  EXPECT_EQ(ways.At(10, 10), ColourOf(0)) << "its centre, where the way begins";
+  EXPECT_EQ(ways.At(10, 10), ColorOf(0)) << "its center, where the way begins";
 }
 
 }  // namespace

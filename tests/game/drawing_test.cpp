@@ -15,12 +15,12 @@ TEST(Drawing, PixelsAreThoseOfTheTwoRasterOperations) {
   Random random;
   SCOPED_TRACE(random.Seed);
   for (int round = 0; round < 4000; ++round) {
-    PictureBox dest = FixedSurface(random.Bitmap({random.Number(1, 40), random.Number(1, 40)}, Colours::Any));
+    PictureBox dest = FixedSurface(random.Bitmap({random.Number(1, 40), random.Number(1, 40)}, Colors::Any));
     const Frame frame = random.Number(0, 1) == 0 ? Frame::Sunken : Frame::Flat;
     const Size size{random.Number(1, 24), random.Number(1, 24)};
     const Size maskSize = random.Number(0, 1) == 0 ? size : Size{random.Number(1, 30), random.Number(1, 30)};
-    const auto colours = random.Number(0, 2) == 0 ? Colours::Any : Colours::MaskLike;
-    const PictureBox picture = AutoSurface(random.Bitmap(size, Colours::Any), frame);
+    const auto colours = random.Number(0, 2) == 0 ? Colors::Any : Colors::MaskLike;
+    const PictureBox picture = AutoSurface(random.Bitmap(size, Colors::Any), frame);
     const PictureBox mask = AutoSurface(random.Bitmap(maskSize, colours), frame);
     const int x = random.Number(-35, 45);
     const int y = random.Number(-35, 45);

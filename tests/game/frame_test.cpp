@@ -71,7 +71,7 @@ class FullFrames : public HeadlessDesktop {
     form.PicPlainSprite(0).SetPicture(RandomPicture(25));
     form.PicPlainMask(0).SetPicture(RandomPicture(25));
     state.PlainX(0) = Place();
-    form.picBg1.SetPicture(MakePicture(random.Bitmap({random.Number(20, 70), random.Number(20, 70)}, Colours::Any)));
+    form.picBg1.SetPicture(MakePicture(random.Bitmap({random.Number(20, 70), random.Number(20, 70)}, Colors::Any)));
     form.picBG2.SetPicture(MakeTwin(form.picBg1.PictureObject()));
     form.PicBlank.SetPicture(form.picBg1.PictureObject());
     if (random.Number(0, 2) > 0) ResizeField();
@@ -111,7 +111,7 @@ class FullFrames : public HeadlessDesktop {
   }
 
   Picture RandomPicture(int longest) {
-    return MakeMask(random.Bitmap({random.Number(1, longest), random.Number(1, longest)}, Colours::MaskLike));
+    return MakeMask(random.Bitmap({random.Number(1, longest), random.Number(1, longest)}, Colors::MaskLike));
   }
   Integer Place() { return static_cast<Integer>(random.Number(-15, 75)); }
   void MoveItem(Integer i) {

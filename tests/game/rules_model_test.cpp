@@ -30,7 +30,7 @@ Cutout RandomCutout(Random& random, Bitmap mask) {
     size = {std::max(1, size.width + random.Number(-6, 6)), std::max(1, size.height + random.Number(-6, 6))};
   for (int specks = random.Number(0, 2) * random.Number(0, 2); specks > 0; --specks)
     mask.Row(random.Number(0, mask.Height() - 1))[random.Number(0, mask.Width() - 1)] = random.MaskPixel();
-  return {random.Bitmap(size, random.Number(0, 1) == 0 ? Colours::Any : Colours::MaskLike), std::move(mask)};
+  return {random.Bitmap(size, random.Number(0, 1) == 0 ? Colors::Any : Colors::MaskLike), std::move(mask)};
 }
 
 // Mostly cups and solid items that fit into them, mostly at rest.
@@ -40,7 +40,7 @@ RulesTheme RandomTheme(Random& random) {
   RulesTheme theme{.targetX = across(),
                    .targetY = down(),
                    .target = RandomCutout(random, Bitmap({random.Number(4, 24), random.Number(4, 24)})),
-                   .background = random.Bitmap(kField, Colours::Any)};
+                   .background = random.Bitmap(kField, Colors::Any)};
   for (int count = std::min(random.Number(1, 6), random.Number(1, 6)); count > 0; --count) {
     const Size size{random.Number(2, 14), random.Number(2, 14)};
     const Size around{size.width + random.Number(6, 20), size.height + random.Number(2, 20)};

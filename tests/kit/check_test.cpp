@@ -117,12 +117,12 @@ const Example kExamples[] = {
      Both(Pixels("sm0.bmp", Bitmap({14, 12}, kWhite)), Pixels("ss0.bmp", Bitmap({14, 12}, kWhite)))},
     {"item-touches-container", "Theme.ini:3: error: item 0 comes to rest at (25, 63) and touches its container there: "
      "wall or border is 3 pixels too thick, and the game then answers no pointer",
-     Both(Pixels("cm0.bmp", CupMask({40, 60}, 8)), Pixels("cs0.bmp", Coloured(CupMask({40, 60}, 8), 0xFF0000C0)))},
+     Both(Pixels("cm0.bmp", CupMask({40, 60}, 8)), Pixels("cs0.bmp", Colored(CupMask({40, 60}, 8), 0xFF0000C0)))},
     {"item-touches-container", "Theme.ini:1: error: item 0 starts at (20, 63) and touches its container there: wall or "
      "border is 1 pixel too thick", {}, [](auto& theme) { theme.items[0].x -= 5; }},
-    {"item-over-target", "Theme.ini:3: error: item 0 comes to rest at (25, 63) with its centre over the target",
+    {"item-over-target", "Theme.ini:3: error: item 0 comes to rest at (25, 63) with its center over the target",
      {}, [](auto& theme) { theme.targetX = 20, theme.targetY = 60; }},
-    {"item-over-target", "Theme.ini:1: error: item 0 starts at (260, 190) with its centre over the target",
+    {"item-over-target", "Theme.ini:1: error: item 0 starts at (260, 190) with its center over the target",
      {}, [](auto& theme) { theme.items[0].x = 260, theme.items[0].y = 190; }},
     {"rest-outside-field", "Theme.ini:3: error: item 0 comes to rest at (-1, 63), outside the field of 316 x 236",
      {}, [](auto& theme) { theme.items[0].contX = -6, theme.items[0].x = -1; }, false},
@@ -153,7 +153,7 @@ const Example kExamples[] = {
      Text("ThemeDetails.ini", "Glass, brass and steel\r\nMay 2026\r\n")},
     {"details-cut", "ThemeDetails.ini:1: warning: ", Text("ThemeDetails.ini", "Glass, brass")},
     {"no-way", "Theme.ini:1: error: item 0 starts at (25, 63) and has no way without jumping to the target: the walls close "
-     "at (25, ", Both(Pixels("cm0.bmp", Ring({40, 60}, 3)), Pixels("cs0.bmp", Coloured(Ring({40, 60}, 3), 0xFF0000C0)))},
+     "at (25, ", Both(Pixels("cm0.bmp", Ring({40, 60}, 3)), Pixels("cs0.bmp", Colored(Ring({40, 60}, 3), 0xFF0000C0)))},
     {"way-leaves-field", "Theme.ini:1: warning: item 0 starts at (25, 63) and reaches the target only with the pointer ",
      {}, [](auto& theme) { theme.targetX = 400; }, false},
     {"target-out-of-reach", "Theme.ini:1: error: item 0 starts at (25, 63), and no pointer on or near the field can",
@@ -196,7 +196,7 @@ TEST(EveryFinding, StandsInTheGuide) {
   EXPECT_EQ(told, shown);
 }
 
-// A bitmap of two colours with a palette: 1 bit a pixel, or 8 in runs.
+// A bitmap of two colors with a palette: 1 bit a pixel, or 8 in runs.
 std::string TwoColored(const Bitmap& bitmap, std::uint32_t bits) {
   const auto pixels = bitmap.Pixels();
   const Pixel first = pixels[0];
@@ -231,8 +231,8 @@ TEST(ASoundTheme, HasNoFinding) {
   } forms[] = {
       {"as it is", {}},
       {"a mask of one bit", Text("pM.bmp", TwoColored(cup, 1))},
-      {"palette and runs", Text("pS.bmp", TwoColored(Coloured(cup, 0xFF00C000), 8))},
-      {"white inside", Pixels("pS.bmp", WithPixel(Coloured(cup, 0xFF00C000), 1, 9, kWhite))},
+      {"palette and runs", Text("pS.bmp", TwoColored(Colored(cup, 0xFF00C000), 8))},
+      {"white inside", Pixels("pS.bmp", WithPixel(Colored(cup, 0xFF00C000), 1, 9, kWhite))},
       {"names in capitals",
        [](const fs::path& theme) {
          for (const char* name : {"Theme.ini", "bg.bmp", "sm1.bmp", "LetGo.wav"}) {
@@ -254,11 +254,11 @@ TEST(ASoundTheme, HasNoFinding) {
 }
 
 TEST(Findings, AreToldToProgramsToo) {
-  const Finding pixel{Severity::Warning, "mask-not-pure", "sm0.bmp", 0, Spot{5, 7}, "a \"grey\"\n"};
+  const Finding pixel{Severity::Warning, "mask-not-pure", "sm0.bmp", 0, Spot{5, 7}, "a \"gray\"\n"};
   const Finding line{Severity::Error, "blank-line", "Theme.ini", 9, std::nullopt, "é"};
   EXPECT_EQ(AsJson(std::vector<CheckedTheme>{{"A\\B", {pixel}, {}}, {"C", {line}, {}}}),
             "[\n  {\"theme\": \"A\\\\B\", \"file\": \"sm0.bmp\", \"x\": 5, \"y\": 7, \"severity\": \"warning\", "
-            "\"code\": \"mask-not-pure\", \"message\": \"a \\\"grey\\\"\\u000A\"},\n"
+            "\"code\": \"mask-not-pure\", \"message\": \"a \\\"gray\\\"\\u000A\"},\n"
             "  {\"theme\": \"C\", \"file\": \"Theme.ini\", \"line\": 9, \"severity\": \"error\", "
             "\"code\": \"blank-line\", \"message\": \"é\"}\n]\n");
   EXPECT_EQ(AsLines({"", {line}, {}}, true), "\x1B[1mTheme.ini:9\x1B[0m: \x1B[1;31merror\x1B[0m: é [blank-line]\n");

@@ -151,21 +151,23 @@ void ExpectAgreement(const Theme& theme, const Journey& journey, Place rest) {
   }
 }
 
-// Few and many pixels, so that each of the ways to find the contacts of wide masks has its turn.
+// Few and many pixels and dithers, so that each of the ways to find the contacts of wide masks has its turn.
 TEST(Contacts, AreWhereMasksTouch) {
   Random random;
   SCOPED_TRACE(random.Seed);
-  const auto mask = [&](Size size) {
+  const auto mask = [&](Size size, int dither) {
     const int oneIn = random.Number(0, 1) == 0 ? random.Number(2, 8) : random.Number(30, 900);
     Bitmap bitmap(size, kWhite);
     for (int y = 0; y < size.height; ++y)
       for (int x = 0; x < size.width; ++x)
-        if (random.Number(1, oneIn) == 1) bitmap.Row(y)[x] = kBlack;
+        if ((x + y) % dither == 0 && random.Number(1, oneIn) == 1) bitmap.Row(y)[x] = kBlack;
     return Mask(std::move(bitmap));
   };
-  for (int round = 0; round < 100; ++round) {
-    const Mask item = mask({random.Number(1, 300), random.Number(1, 30)});
-    const Mask container = mask({random.Number(1, 500), random.Number(1, 30)});
+  for (int round = 0; round < 110; ++round) {
+    const bool tall = round >= 100;
+    const int dither = tall ? random.Number(1, 5) : 1;
+    const Mask item = mask({random.Number(1, 300), tall ? random.Number(180, 220) : random.Number(1, 30)}, dither);
+    const Mask container = mask({random.Number(1, 500), tall ? 200 : random.Number(1, 30)}, dither);
     const Rectangle area{random.Number(-310, 0), random.Number(-31, 0), random.Number(1, 510), random.Number(1, 31)};
     const PlaceSet contacts = Contacts(item.ItemOpaque(), container.ContainerSolid(), area);
     for (int y = area.top; y < area.bottom; ++y)

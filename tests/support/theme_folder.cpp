@@ -33,7 +33,7 @@ Bitmap Background(Size size) {
 
 void WritePair(const fs::path& folder, const std::string& picture, const std::string& mask, const Bitmap& shape,
                Pixel color) {
-  WriteFile(folder / picture, BmpBytes(Coloured(shape, color)));
+  WriteFile(folder / picture, BmpBytes(Colored(shape, color)));
   WriteFile(folder / mask, BmpBytes(shape));
 }
 
@@ -63,7 +63,7 @@ Bitmap CupMask(Size size, int wall) {
   return mask;
 }
 
-Bitmap Coloured(const Bitmap& mask, Pixel color) {
+Bitmap Colored(const Bitmap& mask, Pixel color) {
   Bitmap picture(mask.Extent(), kWhite);
   for (int y = 0; y < mask.Height(); ++y)
     for (int x = 0; x < mask.Width(); ++x)

@@ -15,7 +15,7 @@ std::string BmpBytes(const Bitmap& bitmap);
 /// A cup: `wall` pixels of black at the left, at the right and below, white inside.
 Bitmap CupMask(Size size, int wall = 3);
 /// `color` where `mask` is black, white elsewhere.
-Bitmap Coloured(const Bitmap& mask, Pixel color);
+Bitmap Colored(const Bitmap& mask, Pixel color);
 /// A 30-line highscore file whose times are `times`, the rest default rows.
 std::string HighScoreFile(const std::vector<std::string>& times);
 

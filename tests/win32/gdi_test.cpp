@@ -70,8 +70,8 @@ TEST(Gdi, CopiesAsTheRasterOperationsOfTheOtherTestsDo) {
   const auto place = [&] { return random.Number(-40, 50); };
   for (int round = 0; round < 4000; ++round) {
     const auto& [operation, code] = kOperations[round % 4];
-    Bitmap expected = random.Bitmap(size(40), Colours::Any);
-    const Bitmap source = random.Bitmap(size(30), random.Number(0, 1) == 0 ? Colours::Any : Colours::MaskLike);
+    Bitmap expected = random.Bitmap(size(40), Colors::Any);
+    const Bitmap source = random.Bitmap(size(30), random.Number(0, 1) == 0 ? Colors::Any : Colors::MaskLike);
     Dib target(expected);
     const Size copied = size(34);
     const int x = place(), y = place(), sourceX = place(), sourceY = place();
@@ -82,7 +82,7 @@ TEST(Gdi, CopiesAsTheRasterOperationsOfTheOtherTestsDo) {
 }
 
 // Scaled by the system, the folder has pixels as green or red as no folder.
-TEST(Gdi, PaintsTheFolderIconInItsColoursAtASizeThatItsFileHasNot) {
+TEST(Gdi, PaintsTheFolderIconInItsColorsAtASizeThatItsFileHasNot) {
   Dib button(Size{24, 24}, 0xC0C0C0);
   PaintBuiltIn(button.Context(), {0, 0, 24, 24}, BuiltIn::FolderIcon);
   int yellow = 0;
