@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// One bit a pixel.
+// A bitmap of one bit per pixel.
 #pragma once
 
 #include <cstddef>
@@ -10,7 +10,7 @@
 
 namespace sorvex {
 
-/// One bit a pixel in rows of 64-bit words; pixel x of a row is bit x % 64 of word x / 64, bits beyond the width are 0.
+/// One bit per pixel in rows of 64-bit words: pixel x is bit x % 64 of word x / 64; bits beyond the width are 0.
 class BitPlane {
  public:
   BitPlane() = default;
@@ -21,7 +21,7 @@ class BitPlane {
 
   Size Extent() const { return size_; }
   int WordsPerRow() const { return wordsPerRow_; }
-  /// The first word of row `y`. A word of zeros stands before each row and one behind it.
+  /// The first word of row `y` (from 0 at the top). Each row is padded with a word of zeros before and after it.
   std::uint64_t* Row(int y) { return words_.data() + Offset(y); }
   const std::uint64_t* Row(int y) const { return words_.data() + Offset(y); }
 

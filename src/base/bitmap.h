@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Pixel memory: 32 bits a pixel, 0xFFRRGGBB, rows from the top, no gap between rows.
+// Pixel memory: 32 bits per pixel, 0xFFRRGGBB, top-down, without padding between rows.
 #pragma once
 
 #include <cstdint>
@@ -12,13 +12,13 @@
 
 namespace sorvex {
 
-/// One pixel: 0xFFRRGGBB. The top byte is always FF, so that a toolkit may take the memory as an opaque picture.
+/// One pixel: 0xFFRRGGBB. The alpha byte is always FF, so that a toolkit can use the memory as an opaque image.
 using Pixel = std::uint32_t;
 
 inline constexpr Pixel kBlack = 0xFF000000;
 inline constexpr Pixel kWhite = 0xFFFFFFFF;
 
-/// Allocates memory that is not filled before it is first written.
+/// Leaves default-constructed elements uninitialized.
 template <class T>
 struct UnfilledAllocator : std::allocator<T> {
   template <class U>
@@ -32,7 +32,7 @@ struct UnfilledAllocator : std::allocator<T> {
 class Bitmap {
  public:
   Bitmap() = default;
-  /// Pixels of any colour, for those who set them all.
+  /// A bitmap with uninitialized pixels, for callers that write all of them.
   static Bitmap Unpainted(Size size) {
     Bitmap bitmap;
     bitmap.size_ = size;
@@ -47,7 +47,7 @@ class Bitmap {
   int Width() const { return size_.width; }
   int Height() const { return size_.height; }
 
-  /// Row `y`, from 0 at the top; `y` must lie inside.
+  /// The first pixel of row `y`, 0 (top) to Height() - 1; not checked.
   Pixel* Row(int y) { return pixels_.data() + Offset(y); }
   const Pixel* Row(int y) const { return pixels_.data() + Offset(y); }
   Pixel At(int x, int y) const { return Row(y)[x]; }
@@ -62,7 +62,7 @@ class Bitmap {
   std::vector<Pixel, UnfilledAllocator<Pixel>> pixels_;
 };
 
-/// Copies `source` onto `dest` at (0, 0), as far as both reach and inside `clip` (SRCCOPY).
+/// Copies `source` onto `dest` at (0, 0) (raster operation SRCCOPY), clipped to both bitmaps and to `clip`.
 void CopySurface(Bitmap& dest, const Bitmap& source, const Rectangle& clip);
 
 }  // namespace sorvex

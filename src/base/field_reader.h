@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The fields of a theme's small text files, as BASIC's Input # statement takes them.
+// Reads the comma-separated fields of a theme's text files by the rules of BASIC's Input # statement.
 #pragma once
 
 #include <optional>
@@ -8,11 +8,11 @@
 
 namespace sorvex {
 
-/// Reads fields in order, across commas and line ends (CR LF, LF or CR alone):
+/// Reads fields separated by commas and line ends (CR LF, LF or CR):
 /// - blanks and tabs before a field are skipped;
-/// - a field that begins with a double quote is the text up to the next one, or to the end of the text; what follows
-///   up to the next comma or line end is dropped;
-/// - any other field is the text up to the next comma or line end, without trailing blanks;
+/// - a field that begins with a double quote ends at the next one, or at the end of the text; anything from there to
+///   the next comma or line end is dropped;
+/// - any other field ends at the next comma or line end, without trailing blanks;
 /// - a blank line, or a comma before a line end, is one empty field.
 class FieldReader {
  public:
@@ -21,7 +21,7 @@ class FieldReader {
 
   /// The next field, nullopt at the end of the text.
   std::optional<std::string> Next();
-  /// The line, from 1, on which the field that was read last begins.
+  /// The line number, from 1, at which the last field returned by Next begins.
   int Line() const { return fieldLine_; }
 
  private:

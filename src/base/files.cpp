@@ -25,8 +25,7 @@ std::string ToText(const fs::path& path) {
   return {reinterpret_cast<const char*>(text.data()), text.size()};
 }
 
-// The name of a folder's entry, nullopt when it is no valid text on this system: unpaired halves of UTF-16 cannot be
-// written as UTF-8, nor such a name be asked for again.
+// The entry's name; nullopt on Windows if it contains unpaired UTF-16 surrogates, which UTF-8 cannot represent.
 std::optional<std::string> NameOf(const fs::directory_entry& entry) {
   try {
     return ToText(entry.path().filename());
@@ -42,7 +41,7 @@ bool IsTemporaryName(std::string_view name) {
          name.substr(kTemporaryPrefix.size()).find_first_not_of("0123456789-") == std::string_view::npos;
 }
 
-// Opening a pipe would wait for its writer, and a folder opens on some systems: only plain files count.
+// Regular files only: opening a pipe blocks until it has a writer, and some systems let folders be opened.
 std::ifstream OpenPlainFile(const std::string& name) {
   const fs::path path = ToPath(name);
   std::error_code error;

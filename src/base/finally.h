@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
-// Something that is done however a block is left.
+// A scope guard.
 #pragma once
 
 #include <utility>
 
 namespace sorvex {
 
-/// Runs `action`, which throws nothing, at the end of the block that it is declared in.
+/// Runs `action` when it goes out of scope, also during stack unwinding. `action` must not throw.
 template <class Action>
 class Finally {
  public:

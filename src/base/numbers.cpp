@@ -24,7 +24,7 @@ Whole Checked(double value) {
   return static_cast<Whole>(rounded);
 }
 
-// The longest number at the start of `text` (sign, digits, a period, digits); empty when there is no digit.
+// The longest number at the start of `text` (sign, digits, a period, digits); empty if there is no digit.
 std::string_view NumberPrefix(std::string_view text) {
   std::size_t at = 0;
   if (at < text.size() && (text[at] == '+' || text[at] == '-')) ++at;
@@ -44,7 +44,7 @@ std::string_view WithoutLeadingBlanks(std::string_view text) {
 
 }  // namespace
 
-// Nothing in the program changes the rounding mode that C++ starts with.
+// std::nearbyint rounds half to even in the default rounding mode, which nothing in the program changes.
 double RoundHalfEven(double value) { return std::nearbyint(value); }
 
 Integer ToInteger(int value) {
@@ -62,7 +62,7 @@ double LeadingNumber(std::string_view text) {
   const auto [end, error] =
       std::from_chars(number.data(), number.data() + number.size(), value, std::chars_format::fixed);
   if (error != std::errc::result_out_of_range) return value;
-  // Too near to 0 for a double, or too far from it.
+  // Underflow or overflow of double.
   const bool isSmall = number.substr(0, number.find('.')).find_first_of("123456789") == std::string_view::npos;
   const double magnitude = isSmall ? 0 : std::numeric_limits<double>::infinity();
   return number.front() == '-' ? -magnitude : magnitude;
@@ -75,8 +75,8 @@ bool IsNumber(std::string_view text) {
 }
 
 std::string NumberText(double value) {
-  // Not std::to_chars, whose tables for floating point make a small program 170 KB larger. A toolkit may have chosen
-  // the user's locale, with a separator of its own.
+  // Not std::to_chars, whose floating-point tables would add 170 KB to the program. snprintf uses the decimal separator
+  // of the current locale, which a toolkit may have set to the user's.
   std::array<char, 32> digits{};
   std::snprintf(digits.data(), digits.size(), "%.15g", value);
   const std::string_view text = digits.data();

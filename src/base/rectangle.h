@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The one rectangle type: whole pixels, half-open (right and bottom are the first pixel outside).
+// Sizes and rectangles in whole pixels. Rectangles are half-open: right and bottom are exclusive.
 #pragma once
 
 #include <algorithm>
@@ -31,7 +31,7 @@ struct Rectangle {
   constexpr bool operator==(const Rectangle&) const = default;
 };
 
-/// What both share; empty when they share nothing.
+/// The common part; Empty() if there is none.
 constexpr Rectangle Intersection(const Rectangle& a, const Rectangle& b) {
   return {std::max(a.left, b.left), std::max(a.top, b.top), std::min(a.right, b.right), std::min(a.bottom, b.bottom)};
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The errors a player may be shown: a number and the words that go with it.
+// Errors that are reported to the player by number and description.
 #pragma once
 
 #include <new>
@@ -8,8 +8,7 @@
 
 namespace sorvex {
 
-/// An error as the program reports it. The numbers and words are the classic ones of BASIC run-time
-/// errors, which is what players of this kind of program know.
+/// An error that is reported to the player. Numbers and descriptions are those of BASIC run-time errors.
 class RuntimeError : public std::runtime_error {
  public:
   RuntimeError(int number, const std::string& description) : std::runtime_error(description), number_(number) {}
@@ -32,7 +31,8 @@ inline RuntimeError NoSuchElement(int index) {
   return {340, "Control array element '" + std::to_string(index) + "' doesn't exist"};
 }
 
-/// The error that is being handled: that memory ran out is one too. Anything else is thrown on.
+/// The exception being handled, as a RuntimeError: std::bad_alloc becomes OutOfMemory (7). Rethrows any other type.
+/// Call it only inside a catch block.
 inline RuntimeError CurrentError() {
   try {
     throw;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The one codec between text files and the program's UTF-8.
+// Decoding text files, and cutting text at character boundaries.
 #include "base/text.h"
 
 #include <algorithm>
@@ -9,7 +9,7 @@
 namespace sorvex {
 namespace {
 
-// Windows-1252's characters 80 to 9F; the five unassigned codes stand for themselves, as Windows itself maps them.
+// Characters 80 to 9F of Windows-1252; the five unassigned codes map to themselves, as on Windows.
 constexpr std::array<char16_t, 32> kWindows1252 = {0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
                                                    0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x008D, 0x017D, 0x008F,
                                                    0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
@@ -28,7 +28,7 @@ void AppendUtf8(std::string& text, char16_t c) {
   }
 }
 
-// Length of the valid UTF-8 sequence at the start of `text` (not empty), 0 when there is none.
+// Length of the valid UTF-8 sequence at the start of `text` (not empty), 0 if there is none.
 std::size_t SequenceLength(std::string_view text) {
   const auto byte = [&](std::size_t i) { return static_cast<std::uint8_t>(text[i]); };
   const std::uint8_t lead = byte(0);

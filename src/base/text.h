@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Text: UTF-8 inside the program; text files come in UTF-8 or in Windows-1252.
+// Text is UTF-8 inside the program; text files may be UTF-8 or Windows-1252.
 #pragma once
 
 #include <cstddef>
@@ -9,32 +9,32 @@
 
 namespace sorvex {
 
-/// A text file's bytes as UTF-8: a UTF-8 mark at the start is dropped; bytes that are not valid UTF-8 are taken as
-/// Windows-1252.
+/// A text file's bytes as UTF-8: a leading UTF-8 byte order mark is dropped; text that is not valid UTF-8 is decoded
+/// as Windows-1252.
 std::string DecodeText(std::string_view bytes);
 
 bool IsValidUtf8(std::string_view text);
 
-/// How many UTF-16 code units `utf8` (valid UTF-8) has.
+/// The number of UTF-16 code units that `utf8` (valid UTF-8) converts to.
 std::size_t Utf16Length(std::string_view utf8);
 
-/// What can be typed on one line: `text` (valid UTF-8) up to its first line break, without control characters.
+/// The first line of `text` (valid UTF-8) without control characters: what could have been typed.
 std::string TypedLine(std::string_view text);
 
-/// The longest beginning of `text` (valid UTF-8) that has at most `bytes` bytes and ends between two characters.
+/// The longest prefix of `text` (valid UTF-8) of at most `bytes` bytes that does not split a character.
 std::string_view Beginning(std::string_view text, std::size_t bytes);
 
-/// Whether a text fits where it is to be shown. One that fits still does with its end cut off.
+/// Tells whether a text fits its place. Must be monotonic: every prefix of a text that fits also fits.
 using Fits = std::function<bool(std::string_view)>;
-/// How many bytes of `text` (valid UTF-8) fit, in whole characters. However long it is, `fits` is asked of beginnings
-/// that are at most about twice as long as the one that fits.
+/// The length in bytes of the longest prefix of `text` (valid UTF-8) that fits and does not split a character. `fits`
+/// is called only with prefixes up to about twice that length, however long `text` is.
 std::size_t FittingLength(std::string_view text, const Fits& fits);
-/// As much of `text` as fits with an ellipsis behind it.
+/// The longest prefix of `text` that fits with an ellipsis appended, and the ellipsis.
 std::string CutText(std::string_view text, const Fits& fits);
-/// The whole of `text` when it fits, else the cut one.
+/// `text` if it fits, else CutText(text, fits).
 std::string FittingText(std::string_view text, const Fits& fits);
 
-/// Equality without regard to the case of the letters A to Z.
+/// Compares ignoring the case of the letters A to Z.
 bool EqualIgnoringCase(std::string_view a, std::string_view b);
 
 }  // namespace sorvex

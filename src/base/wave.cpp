@@ -9,15 +9,15 @@ namespace sorvex {
 namespace {
 
 constexpr std::size_t kTagSize = 4;
-constexpr std::size_t kHeaderSize = 8;  // of a chunk: its name and its length
+constexpr std::size_t kHeaderSize = 8;  // of a chunk: name and length
 
-// wFormatTag. Files whose writer left it 0 hold plain samples too.
+// Values of wFormatTag. Some writers leave it 0 for PCM.
 constexpr std::uint32_t kUnknown = 0;
 constexpr std::uint32_t kPcm = 1;
 constexpr std::uint32_t kFloat = 3;
 constexpr std::uint32_t kExtensible = 0xFFFE;
 
-// A little-endian number of `size` bytes, which are there.
+// The little-endian number of `size` bytes at `at`; not checked.
 std::uint32_t NumberAt(std::string_view bytes, std::size_t at, std::size_t size) {
   std::uint32_t number = 0;
   for (std::size_t i = size; i-- > 0;) number = number << 8 | static_cast<unsigned char>(bytes[at + i]);
@@ -36,10 +36,10 @@ std::optional<SampleKind> KindOf(std::uint32_t tag, std::uint32_t bits) {
   }
 }
 
-// All but the samples.
+// Parses the format chunk: everything but the samples.
 std::optional<Wave> ReadFormat(std::string_view chunk) {
   constexpr std::size_t kShortest = 16;
-  constexpr std::size_t kSubFormatAt = 24;  // its identifier begins with the format's tag
+  constexpr std::size_t kSubFormatAt = 24;  // a GUID that begins with the format tag
   if (chunk.size() < kShortest) return std::nullopt;
   std::uint32_t tag = NumberAt(chunk, 0, 2);
   const std::uint32_t channels = NumberAt(chunk, 2, 2);
@@ -50,7 +50,7 @@ std::optional<Wave> ReadFormat(std::string_view chunk) {
   return Wave{static_cast<int>(channels), static_cast<int>(rate), *kind, {}};
 }
 
-// A byte fills up a chunk of odd length. Some writers leave it out.
+// Chunks of odd length are padded by one byte, which some writers omit.
 void SkipPadding(std::string_view& rest) {
   if (!rest.starts_with("fmt ") && !rest.starts_with("data")) rest.remove_prefix(std::min<std::size_t>(1, rest.size()));
 }
@@ -80,7 +80,7 @@ std::optional<Wave> ReadWave(std::string_view file) {
     if (tag == "fmt ") wave = ReadFormat(chunk);
     if (tag == "data") {
       if (!wave) return std::nullopt;
-      // A writer that could not go back to fill in the length left 0.
+      // Streaming writers, which cannot seek back to fill in the length, leave it 0.
       wave->samples = declared == 0 ? rest : chunk;
       const std::size_t frame = SizeOf(wave->kind) * static_cast<std::size_t>(wave->channels);
       wave->samples.remove_suffix(wave->samples.size() % frame);

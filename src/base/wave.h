@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Wave files: what their samples are and where they stand.
+// Parsing wave files: sample format and position of the samples.
 #pragma once
 
 #include <cstddef>
@@ -8,7 +8,7 @@
 
 namespace sorvex {
 
-/// Little-endian, unsigned up to 8 bits, signed from 16.
+/// Sample formats; all are little-endian.
 enum class SampleKind { Unsigned8, Signed16, Signed24, Signed32, Float32 };
 
 /// Bytes of one sample.
@@ -18,11 +18,11 @@ struct Wave {
   int channels = 0;    ///< 1 to 8, interleaved
   int sampleRate = 0;  ///< frames a second, 1,000 to 384,000
   SampleKind kind = SampleKind::Unsigned8;
-  std::string_view samples;  ///< whole frames, inside the file's bytes
+  std::string_view samples;  ///< whole frames; a view into the file's bytes
 };
 
-/// The sound in a file's bytes. No length that the file declares is believed: samples end where the bytes do. Nullopt
-/// when it is no RIFF file of uncompressed sound.
+/// Parses a wave file's bytes, which must outlive the result. Declared lengths are not trusted: samples end at the
+/// latest where the bytes do. nullopt if it is not a RIFF file with uncompressed sound in one of the formats above.
 std::optional<Wave> ReadWave(std::string_view file);
 
 }  // namespace sorvex

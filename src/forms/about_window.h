@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The about box's window and its fields.
+// The about box's window: its controls and fields.
 #pragma once
 
 #include "platform/controls.h"
@@ -24,7 +24,7 @@ struct frmAbout : Form {
   Timer Timer1;
   Timer tmrScroll;
 
-  bool LogoFollows = false;  ///< the logo follows the pointer
+  bool LogoFollows = false;  ///< the player is dragging the logo
 };
 
 }  // namespace sorvex

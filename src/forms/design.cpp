@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// From a row of a design table to the control's properties.
+// Applies rows of the design tables to their controls.
 #include "forms/design.h"
 
 namespace sorvex {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The rows that the windows' design tables are made of.
+// Row types of the windows' design tables, and how a row is applied to its control.
 #pragma once
 
 #include "platform/controls.h"
@@ -41,6 +41,7 @@ struct LabelDesign {
   bool wordWrap = kOneLine;
 };
 
+/// Plain, activated by Enter (Default) or by Esc (Cancel).
 enum class ButtonRole { Plain, Default, Cancel };
 
 struct ButtonDesign {
@@ -63,6 +64,7 @@ struct ImageDesign {
   const char* toolTip = "";
 };
 
+/// Names the control and sets its bounds: pixels in its container.
 void Place(Control& control, const char* name, float left, float top, float width, float height);
 void Apply(const SurfaceDesign& design);
 void Apply(const LabelDesign& design);

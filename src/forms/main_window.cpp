@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The main window's design: every control stands in one of the tables below.
+// The main window's design: tables that list every control with its initial properties.
 #include "forms/main_window.h"
 
 #include "forms/design.h"
@@ -71,7 +71,7 @@ frmMain::frmMain() {
   PicCanvas.AccessibleName = "Play field";
   picHighScores.AccessibleName = "Best times";
   Image1.AccessibleName = "Show or hide the time";
-  // Each column of the panel ends before the next one begins, the last one before the panel does.
+  // Each column of the panel is cut off before the next one, the last before the panel's edge.
   lblHighName(0).PaintedTo = 148;
   lblHighDate(0).PaintedTo = 244;
   lblHighTime(0).PaintedTo = 313;

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The main window: its controls with their whole design, and the fields that live as long as it. No handler stands
-// here.
+// The main window: its controls and the fields that live as long as it, without handlers.
 #pragma once
 
 #include <string>
@@ -48,11 +47,12 @@ struct frmMain : Form {
   Timer tmrChangePicBack;
 
   // Fields
-  bool StopRendering = false;  ///< the frame loop repeats until this is set at the end of a frame
-  Integer GrabX = 0;           ///< pointer less the current item's left edge, taken at button-down
-  Integer GrabY = 0;           ///< the same for the top edge
-  bool MouseHeld = false;      ///< the left button went down on the field and nothing has ended that yet
-  bool Dragging = false;       ///< the current item follows the pointer
+  bool StopRendering = false;  ///< ends the frame loop, which checks it at the end of each frame
+  Integer GrabX = 0;           ///< pointer position minus the current item's left edge at button-down
+  Integer GrabY = 0;           ///< the same for y and the top edge
+  bool MouseHeld =
+      false;  ///< the left button was pressed on the field, and neither a release nor the game has ended that
+  bool Dragging = false;  ///< the current item follows the pointer
   std::string HitTubeWav;
   std::string PutInContWav;
   std::string PickupWav;

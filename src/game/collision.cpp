@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The contact test on the masks' bits, 64 pixels at a time, and the placement test.
+// The contact test on bitmaps of one bit per pixel, 64 pixels at a time, and the placement test.
 #include "game/collision.h"
 
 #include <algorithm>
@@ -8,10 +8,10 @@
 namespace sorvex {
 namespace {
 
-// Whether the item's bits in its first `width` columns and in rows `top` to `bottom` meet the container's, which lie
-// (dx, dy) further in.
+// True if a set bit of the item, in its first `width` columns and rows `top` to `bottom` (exclusive), overlaps a set
+// bit of the container. (dx, dy) is the item's corner relative to the container's.
 bool BitsMeet(const BitPlane& item, const BitPlane& container, int width, int top, int bottom, int dx, int dy) {
-  const int offset = dx >> 6;  // of an item's word to the container's word that its first bit falls into
+  const int offset = dx >> 6;  // from an item's word to the container's word under its first bit
   const int shift = dx & 63;
   const int first = std::max(0, -1 - offset);
   const int last = std::min((width + 63) / 64, container.WordsPerRow() - offset);
@@ -44,7 +44,7 @@ bool HitsContainer(Integer itemLeft, Integer itemTop, Integer containerLeft, Int
   const Integer dx = ToInteger(itemLeft - containerLeft);
   const Integer dy = ToInteger(itemTop - containerTop);
   const Size seen = work.ScaleSize();
-  // Only the size is kept: what was composed on the work surface is the two masks' bits.
+  // Nothing is drawn on the work surface, as the masks' bits hold the same; only its size matters to the next test.
   work.Width = itemMask.Width;
   work.Height = itemMask.Height;
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The two questions that every frame asks of the current item.
+// The collision and placement tests that each frame makes for the current item.
 #pragma once
 
 #include "base/numbers.h"
@@ -9,20 +9,21 @@
 
 namespace sorvex {
 
-/// True when an opaque pixel of the item (its mask exactly black), as far as it lies in its part of size `seen`, lies
-/// over an opaque pixel of its container (the container mask's red below 64), where the item's corner stands (dx, dy)
-/// further in than its container's.
+/// True if an opaque pixel of the item (exactly black in its mask) overlaps an opaque pixel of the container (red below
+/// 64 in its mask). (dx, dy) is the item's top-left corner relative to the container's; only the item's top-left part
+/// of size `seen` is tested.
 bool MasksTouch(const Mask& item, const Mask& container, int dx, int dy, Size seen);
 
-/// The same for masks on their surfaces. Positions are top-left corners on the play field. Only the part of the item
-/// inside the drawing area of `work` is looked at, that is the size of the item tested before; then `work` takes this
-/// item's size. Throws Overflow (6) when the distance of the two corners is no Integer.
+/// The same for masks on surfaces. Positions are top-left corners in pixels of the play field. Only the part of the
+/// item that fits the drawing area of `work`, which has the size of the previously tested item, is tested; then `work`
+/// takes this item's size. Throws Overflow (6) if the difference of the positions is not an Integer.
 bool HitsContainer(Integer itemLeft, Integer itemTop, Integer containerLeft, Integer containerTop,
                    const PictureBox& itemMask, const PictureBox& containerMask, PictureBox& work);
 
-/// The places of an item whose centre lies inside the target's rectangle, edges excluded.
+/// The top-left corners at which an item's center lies inside the target's rectangle, edges excluded. Sizes and
+/// positions are pixels of the play field.
 Rectangle PlacesOverTarget(Size item, int targetLeft, int targetTop, Size target);
-/// True when the item is at one of them.
+/// True if the item is at one of them. Positions are top-left corners; sizes are those of the masks.
 bool OverTarget(Integer itemLeft, Integer itemTop, Integer targetLeft, Integer targetTop, const PictureBox& itemMask,
                 const PictureBox& targetMask);
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Masked drawing in one pass over the pixels, and frames that redo only the boxes in which they differ from the last.
+// Masked drawing in one pass over the pixels, and frames that redraw only their dirty rectangles.
 #include "game/drawing.h"
 
 #include <algorithm>
@@ -7,7 +7,7 @@
 namespace sorvex {
 namespace {
 
-// How much of row `row` of a bitmap, cut to `limit` columns, there is: 0 below its last row.
+// The width of row `row` of a bitmap, at most `limit`; 0 below the last row.
 int RowWidth(const Bitmap& bitmap, int row, int limit) {
   return row < bitmap.Height() ? std::min(bitmap.Width(), limit) : 0;
 }
@@ -22,7 +22,7 @@ const PictureBox& MaskOf(const frmMain& form, std::size_t place, const Placement
   return place <= kMostItems ? form.PicMask(placement.which) : form.PicContMask(placement.which);
 }
 
-// All that drawing the picture there can touch.
+// The bounds of the pixels that drawing the picture at this placement can change.
 Rectangle Reach(const frmMain& form, std::size_t place, const Placement& placement) {
   const PictureBox& picture = PictureOf(form, place, placement);
   const Size outer = picture.OuterSize();
@@ -59,7 +59,7 @@ void Compose(const frmMain& form, const FrameContent& content, Bitmap& dest, con
   }
 }
 
-// Where the two frames may differ.
+// The dirty rectangles: where the two frames may differ, clipped to `all`.
 BoxList Differences(const frmMain& form, const FrameContent& before, const FrameContent& after, const Rectangle& all) {
   BoxList boxes;
   if (before.themeLoads != after.themeLoads || before.background != after.background ||
@@ -107,7 +107,7 @@ void ShowFrame(Game& game, ContainerShown container) {
   else
     boxes.Add(all);
   memory.content = content;
-  memory.settled.reset();  // a slide, too, shows frames that nothing was tested after
+  memory.settled.reset();  // no tests have followed this frame yet; in a return animation none do
   if (!boxes.Boxes().empty()) {
     Bitmap& backBuffer = form.PicBackbuff.Drawing();
     for (const Rectangle& box : boxes.Boxes()) Compose(form, content, backBuffer, box);
@@ -142,7 +142,7 @@ void BoxList::Add(Rectangle box) {
     box = {std::min(box.left, boxes_[i].left), std::min(box.top, boxes_[i].top), std::max(box.right, boxes_[i].right),
            std::max(box.bottom, boxes_[i].bottom)};
     boxes_[i] = boxes_[--count_];
-    i = 0;  // the joined box may reach others
+    i = 0;  // the merged rectangle may overlap earlier ones
   }
   boxes_[count_++] = box;
 }

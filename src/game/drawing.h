@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Drawing on surfaces: pictures through their masks, and whole frames.
+// Masked drawing of pictures, and composing whole frames.
 #pragma once
 
 #include "base/rectangle.h"
@@ -8,23 +8,23 @@
 
 namespace sorvex {
 
-/// Draws `picture` through `mask` with its top-left corner at (x, y) of `dest`, as far as it lies in `clip` (pixels of
-/// `dest`). The pixels are those of two copies that span the picture's outer size (its frame included): the mask with
-/// MERGEPAINT (white where it is black), then the picture with SRCAND. Beyond its own picture a copy leaves `dest`
-/// unchanged. (Raster operations: BitBlt in the Windows GDI documentation.)
+/// Draws `picture` through `mask` with its top-left corner at (x, y) of `dest`, clipped to `clip` (pixels of `dest`).
+/// The result is that of two BitBlt calls over the picture's outer size (frame included): the mask with raster
+/// operation MERGEPAINT, which makes `dest` white where the mask is black, then the picture with SRCAND. Outside the
+/// source picture a copy leaves `dest` unchanged.
 void DrawMasked(Bitmap& dest, int x, int y, const PictureBox& picture, const PictureBox& mask, const Rectangle& clip);
 
 enum class ContainerShown { No, Yes };
 
-/// Composes a frame on PicBackbuff and shows it on the play field at once: background, target, the items in play from
-/// lowest to highest, then, if wanted and in play, the current container. What has not changed since the last frame is
-/// not touched again.
+/// Composes a frame on PicBackbuff and shows it on the play field before returning: background, target, the items in
+/// play in ascending order, then the current container if requested and in play. Redraws only the dirty rectangles: the
+/// areas that changed since the last frame.
 void ShowFrame(Game& game, ContainerShown container);
 
-/// Draws a frame, current container and all, onto `dest`.
+/// Draws a complete frame, including the current container, onto `dest`.
 void DrawFrame(const frmMain& form, const modVariables& state, Bitmap& dest);
 
-/// Draws it straight onto the play field and shows it.
+/// Draws a complete frame directly onto the play field, without the back buffer, and shows it.
 void ShowWaitingFrame(Game& game);
 
 }  // namespace sorvex

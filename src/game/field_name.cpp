@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Counting what is left.
+// Counts the items left and composes the name.
 #include "game/field_name.h"
 
 #include <string>

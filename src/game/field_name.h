@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The play field in words, for players who hear what others see.
+// The play field's name for assistive technology.
 #pragma once
 
 #include "forms/main_window.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the last frame was made of, so that the next one redoes only what differs.
+// The last frame's content, from which the next frame's dirty rectangles follow.
 #pragma once
 
 #include <array>
@@ -12,15 +12,15 @@
 
 namespace sorvex {
 
-/// A picture's place in a frame.
+/// A picture's position in a frame.
 struct Placement {
-  Integer which = -1;  ///< its number in its control array, -1: not drawn
+  Integer which = -1;  ///< index in its control array, -1: not drawn
   Integer x = 0;
   Integer y = 0;
   bool operator==(const Placement&) const = default;
 };
 
-/// All that a frame's pixels follow from. Pictures change only with a theme load.
+/// Everything that determines a frame's pixels. Pictures change only with a theme load, which `themeLoads` counts.
 struct FrameContent {
   unsigned themeLoads = 0;
   const Pixel* background = nullptr;
@@ -29,7 +29,7 @@ struct FrameContent {
   bool operator==(const FrameContent&) const = default;
 };
 
-/// All that drawing a frame and its two tests read, and all that the tests set.
+/// All inputs of drawing a frame and of its two tests, and all that the tests modify.
 struct FrameState {
   unsigned themeLoads = 0;
   const Pixel* background = nullptr;
@@ -48,13 +48,13 @@ struct FrameState {
 };
 
 struct FrameMemory {
-  FrameContent content;  ///< what PicBackbuff shows, as long as its revision is backbuffRevision
+  FrameContent content;  ///< what PicBackbuff shows while its revision is backbuffRevision
   unsigned backbuffRevision = 0;
-  unsigned canvasRevision = 0;        ///< PicCanvas shows the same, as long as this is its revision
-  std::optional<FrameState> settled;  ///< in which the last frame was shown and its tests changed nothing
+  unsigned canvasRevision = 0;        ///< PicCanvas shows the same while this is its revision
+  std::optional<FrameState> settled;  ///< the last frame's state, if its tests changed nothing
 };
 
-/// Boxes to redo. Overlapping ones are joined.
+/// A frame's dirty rectangles. Overlapping ones are merged into their bounding box.
 class BoxList {
  public:
   void Add(Rectangle box);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the game's procedures work on, in one parameter.
+// The objects that the game's procedures work on, bundled into one parameter.
 #pragma once
 
 #include "forms/main_window.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// From a mask's pixels to its bits.
+// Thresholding a mask's pixels to bits.
 #include "game/mask.h"
 
 #include <algorithm>
@@ -13,7 +13,7 @@ namespace {
 
 constexpr int kWordBits = 64;
 
-// One bit a pixel: whether `condition` holds for it.
+// A bit for each pixel, set where `condition` holds.
 template <class Condition>
 BitPlane BitsWhere(const Bitmap& pixels, Condition condition) {
   BitPlane bits(pixels.Extent());

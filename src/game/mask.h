@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A mask: a picture that also holds, one bit a pixel, what the contact test reads of it.
+// A mask: a picture with the two one-bit-per-pixel bitmaps that the contact test reads.
 #pragma once
 
 #include "base/bit_plane.h"
@@ -11,9 +11,9 @@ class Mask final : public PictureData {
  public:
   explicit Mask(Bitmap pixels);
 
-  /// Set where the mask is exactly black: an item's opaque pixels.
+  /// A bit is set where the mask is exactly black: the opaque pixels of an item.
   const BitPlane& ItemOpaque() const { return itemOpaque_; }
-  /// Set where the mask's red is below 64: a container's opaque pixels.
+  /// A bit is set where the mask's red is below 64: the opaque pixels of a container.
   const BitPlane& ContainerSolid() const { return containerSolid_; }
 
  private:
@@ -22,7 +22,7 @@ class Mask final : public PictureData {
 };
 
 Picture MakeMask(Bitmap pixels);
-/// Null where there is no picture, or one that was not made as a mask.
+/// The picture as a Mask; null if `picture` is null or was not made by MakeMask.
 const Mask* AsMask(const Picture& picture);
 
 }  // namespace sorvex

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The sound of a moment: started and forgotten.
+// Asynchronous sound playback.
 #pragma once
 
 #include <string>
@@ -8,7 +8,7 @@
 
 namespace sorvex::modPlayWav {
 
-/// Starts the wave file and returns at once; a sound that still plays is cut off.
+/// Starts playing the wave file at `path` and returns at once; a sound that is still playing is cut off.
 inline void PlayWav(Desktop& desktop, const std::string& path) { desktop.PlayWave(path); }
 
 }  // namespace sorvex::modPlayWav

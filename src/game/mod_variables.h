@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The state of a game in progress: the item table, the target, what is current, what ends the frame loop.
+// The state of a game in progress: item table, target position, current item and container, loop control.
 #pragma once
 
 #include <array>
@@ -10,7 +10,7 @@
 
 namespace sorvex {
 
-/// A fixed array counted from 0; an index outside is error 9.
+/// A fixed array with indices 0 to N - 1; any other index throws SubscriptOutOfRange (9).
 template <class T, int N>
 class Slots {
  public:
@@ -29,16 +29,16 @@ class Slots {
 inline constexpr int kMostItems = 21;
 inline constexpr char kDefaultTheme[] = "Theme1";
 
-/// What a theme load makes anew. Positions are top-left corners in pixels of the play field.
+/// The part of the state that a theme load replaces. Positions are top-left corners in pixels of the play field.
 struct ItemTable {
-  Long LastItem = -1;  ///< highest item number; -1: no items
+  Long LastItem = -1;  ///< highest item index; -1: no items
   Slots<Integer, kMostItems> ItemX, ItemY;
   Slots<Integer, kMostItems> ContX, ContY;
   Slots<bool, kMostItems> ItemInPlay, ContInPlay;
   bool operator==(const ItemTable&) const = default;
 };
 
-/// True when no item of the table is in play: the game is over.
+/// True if no item of the table is in play: the game is over.
 inline bool EveryItemIsPutIn(const ItemTable& items) {
   for (Long i = 0; i <= items.LastItem; ++i)
     if (items.ItemInPlay(i)) return false;
@@ -46,18 +46,18 @@ inline bool EveryItemIsPutIn(const ItemTable& items) {
 }
 
 struct modVariables : ItemTable {
-  Slots<Integer, 5> PlainX, PlainY;  ///< the target; only element 0 is used
-  Integer CurItem = 0;               ///< picked up, dragged, tested, sent back
-  Integer CurCont = 0;               ///< drawn, and taken out of play with the item put in
-  Long GameStart = 0;                ///< the tick count from which the running game's elapsed time counts
-  bool GameEnded = false;            ///< a frame loop that finds it set after its event delivery leaves at once
-  std::string ThemeName;             ///< the current theme's folder, beside the executable
+  Slots<Integer, 5> PlainX, PlainY;  ///< the target's top-left corner; only element 0 is used
+  Integer CurItem = 0;               ///< the item that is dragged, tested and sent back
+  Integer CurCont = 0;               ///< the container that is drawn, and removed when an item is put in
+  Long GameStart = 0;                ///< tick count at which the running game started
+  bool GameEnded = false;            ///< ends the frame loop at once, which checks it after event delivery
+  std::string ThemeName;             ///< name of the current theme's folder, beside the executable
 
-  unsigned ThemeLoads = 0;  ///< how many themes have been put onto the window
-  ItemTable LoadedItems;    ///< the item table as the last of them had it
+  unsigned ThemeLoads = 0;  ///< how many themes have been loaded onto the window
+  ItemTable LoadedItems;    ///< the item table as the last theme load set it
 
-  /// Where the Start command stands. `Restarting`: it was given again while it plays, so that game ends and a new one
-  /// begins. A Start that comes while a game is prepared is ignored.
+  /// State of the Start command. `Restarting`: Start was pressed during a game, which ends so that a new one can begin.
+  /// While `Preparing`, Start is ignored.
   enum class Start { Idle, Preparing, Playing, Restarting } StartCommand = Start::Idle;
 };
 

@@ -10,7 +10,7 @@
 namespace sorvex {
 namespace {
 
-// Whether (x, y) lies strictly inside the drawing area of a surface shown at (left, top): edge lines do not count.
+// True if (x, y) lies strictly inside the drawing area of a surface at (left, top), edges excluded.
 bool IsInside(float x, float y, Integer left, Integer top, const PictureBox& surface) {
   return x > static_cast<float>(left) && x < static_cast<float>(left) + surface.ScaleWidth() &&
          y > static_cast<float>(top) && y < static_cast<float>(top) + surface.ScaleHeight();

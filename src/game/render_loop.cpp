@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The frame loop. Every frame's order is part of the game's rules; nothing paces it.
+// The frame loop. The order of steps within a frame is part of the game's rules; frames are not paced.
 #include "game/render_loop.h"
 
 #include <cstdint>
@@ -22,7 +22,7 @@ void EndDrag(frmMain& form) {
   form.Dragging = false;
 }
 
-// The container tested is the current item's own, which need not be the one that is drawn. True on contact.
+// Tests the current item against its own container, which need not be the one that is drawn. True on contact.
 bool TestCollision(Game& game) {
   frmMain& form = game.form;
   const modVariables& state = game.state;
@@ -79,8 +79,8 @@ FrameState StateNow(const Game& game) {
           .workSize = form.picCD.ScaleSize()};
 }
 
-// Milliseconds for which a frame like the last one need not follow: until the elapsed time, if it is shown, has its
-// next hundredth.
+// How many milliseconds event delivery may wait when nothing moves: until the elapsed time, if it is shown, changes by
+// a hundredth.
 int Patience(const Game& game) {
   if (!game.form.lblTime.Visible) return Desktop::kUntilAnEvent;
   const auto milliseconds =
@@ -88,13 +88,13 @@ int Patience(const Game& game) {
   return 10 - static_cast<int>((milliseconds + 5) % 10);
 }
 
-// One frame; false when the run was ended by the start of another.
+// Runs one frame; false if GameEnded was set during event delivery.
 bool RunFrame(Game& game) {
   const bool repeated = !DrawAndTestFrame(game);
   game.desktop.DeliverEvents(repeated ? Patience(game) : 0);
   if (game.state.GameEnded) return false;
   const double elapsed = ShowElapsed(game);
-  // A theme loaded by one of the events ends the run without a report, also when it has no items.
+  // A theme loaded by a handler ends the game without a report, even a theme without items.
   if (!game.form.StopRendering && EveryItemIsPutIn(game.state)) ReportGameOver(game, elapsed);
   return true;
 }
@@ -109,7 +109,8 @@ void RenderLoop(Game& game) {
     }
   } catch (...) {
     const RuntimeError error = CurrentError();
-    // The box takes the pointer away, which is a release: the item that was dragged stays where the error found it.
+    // The box takes the pointer capture away, which releases the button: end the drag first, so that the item stays
+    // put.
     EndDrag(game.form);
     game.desktop.ShowMessage("Error: " + std::to_string(error.Number()) + "\r\n" + error.Description() +
                                  "\r\nProblem in main rendering loop",

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The return animation. Nothing paces it: it runs as fast as frames can be drawn.
+// The return animation. It is not paced: it runs as fast as frames can be drawn.
 #include "game/return_item.h"
 
 #include <algorithm>
@@ -42,7 +42,7 @@ void ReturnItem(Game& game) {
     const Integer fromY = state.ItemY(item);
     StepTowards(game, fromX, fromY, rest.x, rest.y);
     if (IsNear(state.ItemX(item), rest.x) && IsNear(state.ItemY(item), rest.y)) break;
-    // A rest place outside the field cannot be reached: the slide ends where no step moves the item any more.
+    // A rest position outside the field cannot be reached: stop when a step no longer moves the item.
     if (state.ItemX(item) == fromX && state.ItemY(item) == fromY) break;
     ShowFrame(game, ContainerShown::No);
   }

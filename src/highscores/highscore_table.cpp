@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Between the highscore panel's captions and HighScores.ini: thirty quoted fields, one a line.
+// Reading and writing HighScores.ini: thirty quoted fields, one per line.
 #include "highscores/highscore_table.h"
 
 #include <optional>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A theme's ten best times. The table has no store but the captions of the highscore panel's labels.
+// A theme's ten best times. They are stored in the captions of the highscore panel's labels and nowhere else in memory.
 #pragma once
 
 #include <functional>
@@ -12,7 +12,7 @@ namespace sorvex {
 
 inline constexpr int kHighScoreRows = 10;  ///< row 0 is the fastest
 
-/// The three texts of a row.
+/// A row's texts.
 struct HighScore {
   std::string name;
   std::string date;
@@ -22,14 +22,14 @@ struct HighScore {
 HighScore HighScoreAt(const frmMain& form, int row);
 void SetHighScore(Desktop& desktop, frmMain& form, int row, const HighScore& score);
 
-/// Sets all rows to the defaults, then fills them from the theme's file; a missing file is reported in a box. A row
-/// without a time, also one that the file ends before, is a default row.
+/// Resets all rows to the defaults, then fills them from the theme's file; a missing file is reported in a box. Rows
+/// without a time, or missing from the file, keep the default.
 void LoadHighScores(Desktop& desktop, frmMain& form, const std::string& themeName);
 
-/// Takes in what another copy of the program has written to the theme's file meanwhile, lets `change` change the rows
-/// and writes them, no other copy being at it. Nothing is written when `change` returns false; rows stay as they are
-/// when the file is gone. A file that cannot be read back is not overwritten, nor is one written that could not be.
-/// Throws what Desktop::UpdateFile throws.
+/// Under a lock that excludes other copies of the program: rereads the theme's file, calls `change`, which modifies the
+/// rows, and writes them unless it returned false. If the file is missing, the rows are kept. A file that cannot be
+/// read is not overwritten, and a table that could not be read back is not written. Throws what Desktop::UpdateFile
+/// throws.
 void SaveHighScores(Desktop& desktop, frmMain& form, const std::string& themeName, const std::function<bool()>& change);
 
 }  // namespace sorvex

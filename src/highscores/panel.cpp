@@ -10,7 +10,7 @@ namespace {
 
 void AddRow(Desktop& desktop, ControlArray<Label>& column, int row, const std::string& caption) {
   Label& label = column.Load(row);
-  // The pitch comes from the designed height: the panel is not shown yet, so no caption has changed it.
+  // The row height is the designed one: labels are not resized to their captions before the panel is shown.
   label.Top = column(row - 1).Top + label.Height + 2;
   label.SetCaption(desktop, caption);
   label.Visible = true;

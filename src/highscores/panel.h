@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The highscore panel over the play field: its rows and its buttons.
+// The highscore panel over the play field: creating, showing and hiding it.
 #pragma once
 
 #include <string>
@@ -9,10 +9,10 @@
 
 namespace sorvex {
 
-/// Creates rows 1 to 9 as copies of the designed row 0, unless they exist.
+/// Creates rows 1 to 9 as copies of row 0, unless they exist already.
 void BuildHighScoreRows(Desktop& desktop, frmMain& form);
 
-/// Rereads the theme's table and shows the panel.
+/// Reloads the theme's table and shows the panel.
 void cmdShowHighscores_Click(Desktop& desktop, frmMain& form, const std::string& themeName);
 void cmdHideScores_Click(frmMain& form);
 void picHighScores_Paint(frmMain& form);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Finding the place of a new time and making room for it.
+// Inserting a new time into the table.
 #include "highscores/record_high_score.h"
 
 #include "base/numbers.h"
@@ -9,8 +9,8 @@
 namespace sorvex {
 namespace {
 
-// The lowest-numbered row whose time is greater than the new one, -1 for none. No early stop: a table edited by hand
-// need not be sorted.
+// The lowest-numbered row whose time is greater than the new one, -1 if there is none. Searches all rows, because a
+// table edited by hand need not be sorted.
 int PlaceOf(const frmMain& form, const std::string& time) {
   int place = -1;
   for (int row = kHighScoreRows - 1; row >= 0; --row)
@@ -23,10 +23,10 @@ int PlaceOf(const frmMain& form, const std::string& time) {
 void RecordHighScore(Desktop& desktop, frmMain& form, const std::string& themeName, double time) {
   const std::string timeText = NumberText(time);
   if (PlaceOf(form, timeText) < 0) return;
-  // What was pasted may hold more than can be typed.
+  // Pasted text may contain line breaks and control characters.
   const std::string name = TypedLine(desktop.InputBox("What is your name?", "You got a highscore"));
   SaveHighScores(desktop, form, themeName, [&] {
-    // Another copy of the program may have taken places while the name was typed.
+    // Another copy of the program may have recorded times while the name was typed.
     const int place = PlaceOf(form, timeText);
     if (place < 0) return false;
     for (int row = kHighScoreRows - 1; row > place; --row) SetHighScore(desktop, form, row, HighScoreAt(form, row - 1));

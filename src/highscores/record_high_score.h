@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A finished game's way into the table.
+// Recording a finished game's time in the table.
 #pragma once
 
 #include <string>
@@ -9,8 +9,8 @@
 
 namespace sorvex {
 
-/// If `time` (seconds) beats an entry of the theme's table, asks for a name, puts the entry into its place and saves
-/// the table. Throws what Desktop::UpdateFile throws; the entry then stays in the panel's rows.
+/// If `time` (seconds) beats an entry of the theme's table, asks for a name, inserts the entry and saves the table.
+/// Throws what Desktop::UpdateFile throws; the panel's rows then still contain the entry.
 void RecordHighScore(Desktop& desktop, frmMain& form, const std::string& themeName, double time);
 
 }  // namespace sorvex

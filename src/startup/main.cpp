@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The program's entry.
+// The program's entry point.
 #include "platform/desktop.h"
 #include "startup/program.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Registry values as variants, over the registry functions of the desktop.
+// Registry values as variants, over the Registry interface.
 #include "startup/mdl_registry.h"
 
 #include <algorithm>
@@ -52,7 +52,7 @@ Long QueryOpenKeyValue(Registry& registry, RegistryKey key, const std::string& v
   if (status != 0) return status;
   if (type != kRegSz && type != kRegDword) return kNotHandled;
   const bool isText = type == kRegSz;
-  // A damaged registry may hold a number of more than 4 bytes: the buffer takes them all, the first 4 count.
+  // A damaged registry may hold a kRegDword of more than 4 bytes: read all of them and use the first 4.
   std::string buffer(isText ? size : std::max<std::size_t>(size, sizeof(Long)), '\0');
   status = registry.Query(key, valueName, type, buffer.data(), size);
   if (isText) {
@@ -83,8 +83,8 @@ Long SetOpenKeyValue(Registry& registry, RegistryKey key, const std::string& val
                      const Variant& value) {
   if (type == kRegSz) {
     const std::string text = ToText(value);
-    // The length counts characters, as it always has: text with letters outside ASCII is stored cut short. (A folder
-    // name that is no UTF-8 may count more characters than it has bytes.)
+    // The value's length is defined in characters, so non-ASCII text is stored truncated. (A folder name that is not
+    // valid UTF-8 may count more characters than it has bytes.)
     const std::size_t size = std::min(Utf16Length(text), text.size());
     return registry.Set(key, valueName, kRegSz, text.data(), static_cast<std::uint32_t>(size));
   }

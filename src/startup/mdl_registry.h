@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The few things the program does with the registry: read a value, create a key, write a value. Nothing here throws or
-// shows a message; a status is the registry functions' own (winreg.h; 0 is success).
+// Reading and writing registry values. Nothing here throws or shows a message. Statuses are Windows error codes (0:
+// ERROR_SUCCESS).
 #pragma once
 
 #include <cstdint>
@@ -15,26 +15,27 @@ namespace sorvex::mdlRegistry {
 /// What a registry value holds: nothing, a string, or a number.
 using Variant = std::variant<std::monostate, std::string, Long>;
 
-/// Status of a value whose type, or whose content for that type, is not handled.
+/// Status for a value of an unsupported type, or whose content does not fit its type.
 inline constexpr Long kNotHandled = -1;
 
-/// The value, nothing when it could not be read.
+/// The value; std::monostate if it cannot be read.
 Variant ReadRegistryValue(Registry& registry, RegistryKey hive, const std::string& keyName,
                           const std::string& valueName);
 
-/// Reads a value of type kRegSz (all its bytes, a terminating zero included) or kRegDword. On failure `value` stays as
-/// it was, except that a string which could not be fetched leaves nothing. Other types give kNotHandled.
+/// Reads a value of type kRegSz (all its bytes, including a terminating zero) or kRegDword; other types return
+/// kNotHandled. On failure `value` is unchanged, except that it becomes std::monostate if a string's size but not its
+/// bytes could be read.
 Long QueryOpenKeyValue(Registry& registry, RegistryKey key, const std::string& valueName, Variant& value);
 
-/// Creates the key and its parents; one that exists stays.
+/// Creates the key and its parents, unless they exist.
 void CreateRegistryKey(Registry& registry, RegistryKey hive, const std::string& keyName);
 
-/// Writes a value into a key that exists; without one nothing happens.
+/// Writes a value into an existing key; does nothing if the key cannot be opened.
 void WriteRegistryValue(Registry& registry, RegistryKey hive, const std::string& keyName, const std::string& valueName,
                         const Variant& value, std::uint32_t type);
 
-/// Stores `value` as kRegSz (without a terminating zero) or as kRegDword (rounded half to even); other types write
-/// nothing and give 0. Text that is not a number, or leaves the range, is no kRegDword: kNotHandled, nothing written.
+/// Writes `value` as kRegSz (without a terminating zero) or as kRegDword (rounded half to even). Returns 0 without
+/// writing for other types, and kNotHandled without writing if a kRegDword's text is not a number or is out of range.
 Long SetOpenKeyValue(Registry& registry, RegistryKey key, const std::string& valueName, std::uint32_t type,
                      const Variant& value);
 

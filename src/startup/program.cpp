@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Binding the handlers, and the outermost frame of a run.
+// Event bindings, and the program's outermost loop.
 #include "startup/program.h"
 
 #include <string>
@@ -34,7 +34,7 @@ void Program::BindEvents() {
   form.cmdShowHighscores.Click = [this] { cmdShowHighscores_Click(game.desktop, form, state.ThemeName); };
   form.cmdHideScores.Click = [this] { cmdHideScores_Click(form); };
   form.picHighScores.Paint = [this] { picHighScores_Paint(form); };
-  // Without a game the pointer does nothing on the field; a button that is held when a game ends is still let go.
+  // Presses and moves count only during a game; releases always, so that no button stays held when a game ends.
   form.PicCanvas.MouseDown = [this](Integer button, Integer, float x, float y) {
     if (GameRuns(game)) PicCanvas_MouseDown(game, button, x, y);
   };

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The whole program on one desktop: its window, its state, and which handler answers which event.
+// The program: main window, game state, and the binding of handlers to events.
 #pragma once
 
 #include "game/game.h"
@@ -8,13 +8,13 @@ namespace sorvex {
 
 class Program {
  public:
-  /// Creates the main window and binds its events. Nothing is read yet.
+  /// Creates the main window and binds its events. Reads no files yet.
   explicit Program(Desktop& desktop);
   ~Program() = default;
   Program(const Program&) = delete;
   Program& operator=(const Program&) = delete;
 
-  /// Start-up, then the main window's load.
+  /// Runs the main window's initialize handler, then its load handler.
   void Initialize();
 
   frmMain form;
@@ -25,7 +25,7 @@ class Program {
   void BindEvents();
 };
 
-/// Runs the program to its end and returns the process's exit code. An error that no game caught is shown in a box.
+/// Runs the program until it ends and returns the process's exit code. Errors that no game caught are shown in a box.
 int RunProgram(Desktop& desktop);
 
 }  // namespace sorvex

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Recording where this copy of the program lies.
+// Recording the program's folder.
 #include "startup/start_up.h"
 
 #include <string>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Declared sizes against the bytes that are there.
+// Checks declared sizes against the bytes that are present.
 #include "themes/bitmap_check.h"
 
 #include <cstdint>
@@ -29,7 +29,7 @@ std::uint32_t Byte(std::string_view bytes, std::size_t at) { return static_cast<
 std::uint32_t Word(std::string_view bytes, std::size_t at) { return Byte(bytes, at) | Byte(bytes, at + 1) << 8; }
 std::uint32_t DoubleWord(std::string_view bytes, std::size_t at) { return Word(bytes, at) | Word(bytes, at + 2) << 16; }
 
-// nullopt when the bytes hold no header, or one with sizes that are refused.
+// nullopt if the bytes hold no header, or one with sizes out of range.
 std::optional<Header> ReadHeader(std::string_view bytes) {
   constexpr std::size_t fileHeader = 14;
   constexpr std::size_t coreHeader = 12;
@@ -46,7 +46,7 @@ std::optional<Header> ReadHeader(std::string_view bytes) {
     header.bitsPerPixel = Word(bytes, 24);
   } else if (size >= shortestInfoHeader) {
     header.width = static_cast<std::int32_t>(DoubleWord(bytes, 18));
-    // A negative height means rows from the top.
+    // A negative height means top-down rows.
     header.height = std::abs(std::int64_t{static_cast<std::int32_t>(DoubleWord(bytes, 22))});
     header.bitsPerPixel = Word(bytes, 28);
     if (size >= shortestWithCompression) header.compression = DoubleWord(bytes, 30);
@@ -57,7 +57,7 @@ std::optional<Header> ReadHeader(std::string_view bytes) {
   return header;
 }
 
-// Follows run-length encoded data (BI_RLE8, BI_RLE4) to its end mark or past its last row.
+// True if run-length encoded data (BI_RLE8, BI_RLE4) continues to its end code or past the last row.
 bool RunsReachTheEnd(std::string_view data, const Header& header) {
   std::int64_t rows = 0;
   for (std::size_t at = 0; at + 1 < data.size(); at += 2) {
@@ -82,7 +82,7 @@ bool RunsReachTheEnd(std::string_view data, const Header& header) {
 std::optional<DeclaredBitmap> ReadBitmapHeaders(std::string_view start) {
   const std::optional<Header> header = ReadHeader(start);
   if (!header) return std::nullopt;
-  // Of runs no pixel and no line end needs more than the four bytes of a move.
+  // Run-length encoded data needs at most four bytes, the length of a delta, per pixel or line end.
   constexpr std::int64_t longestCode = 4;
   const std::int64_t pixels =
       header->HasRuns() ? longestCode * (header->width + 1) * header->height : header->Stride() * header->height;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A look at a bitmap file's header before the system's reader gets it: readers trust what it says.
+// Validates a bitmap file's headers before the platform's decoder reads them, because decoders trust declared sizes.
 #pragma once
 
 #include <cstddef>
@@ -11,23 +11,22 @@
 
 namespace sorvex {
 
-/// Bytes at the start of a bitmap file that hold its headers: BITMAPFILEHEADER and the longest info header,
-/// BITMAPV5HEADER (wingdi.h).
+/// Bytes of the longest headers: BITMAPFILEHEADER and BITMAPV5HEADER (wingdi.h).
 inline constexpr std::size_t kBitmapHeaders = 14 + 124;
 
-/// What a bitmap file declares.
+/// What a bitmap file's headers declare.
 struct DeclaredBitmap {
   Size size;
-  std::uint64_t bytes;  ///< as much of the file as its pixels can take up, from the start; it may be shorter
+  std::uint64_t bytes;  ///< upper bound for the length of headers and pixel data; the file may be shorter
 };
 
-/// Reads the headers of a Windows bitmap (an info or core header, Windows GDI documentation), given the file's first
-/// kBitmapHeaders bytes or more. nullopt when the bytes are no such file, when a side is not between 1 and kLongestSide
-/// pixels, when a pixel has more than 32 bits, or when the pixels begin behind kLatestPixels.
+/// Reads the headers of a Windows bitmap (info or core header) from the file's first kBitmapHeaders bytes or more.
+/// nullopt if the bytes are not such a file, width or height is not in 1 to kLongestSide, a pixel has more than 32
+/// bits, or the pixel data begins after kLatestPixels bytes.
 std::optional<DeclaredBitmap> ReadBitmapHeaders(std::string_view start);
 
-/// The size that a bitmap file declares, given as many of its bytes as it needs. nullopt when its headers are refused
-/// or the bytes end before its last row.
+/// The size in pixels that a bitmap file declares; `bytes` holds at least its first DeclaredBitmap::bytes, or all of
+/// it. nullopt if its headers are invalid or the bytes end before its last row.
 std::optional<Size> DeclaredSize(std::string_view bytes);
 
 }  // namespace sorvex

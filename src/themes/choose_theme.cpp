@@ -25,7 +25,7 @@ void Image2_Click(Game& game) {
   ChooseTheme(game);
   const std::string chosen = game.state.ThemeName;
   if (!LoadTheme(game, chosen)) {
-    game.state.ThemeName = shown;  // it is still what is on the field
+    game.state.ThemeName = shown;  // it is still the theme on the field
     return;
   }
   ShowWaitingFrame(game);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The theme chooser: which folder, and what follows when it closes.
+// The theme chooser's handlers, and loading the chosen theme.
 #pragma once
 
 #include "forms/choose_theme_window.h"
@@ -7,13 +7,13 @@
 
 namespace sorvex {
 
-/// Lets the player choose a theme, then loads the current one, also after Cancel, and shows it on the play field, where
-/// it waits for Start. A running game ends.
+/// Shows the chooser, then loads the current theme, even after Cancel, and shows it on the play field. Ends a running
+/// game.
 void Image2_Click(Game& game);
 
-/// Fills the list with every folder beside the executable, in the file system's order.
+/// Fills the list with the folders beside the executable, in the file system's order.
 void Form_Load(Desktop& desktop, frmChooseTheme& form);
-/// Takes the selected folder over as the current theme and closes; without a selection it does nothing.
+/// Makes the selected folder the current theme and closes the chooser; does nothing without a selection.
 void OKButton_Click(modVariables& state, frmChooseTheme& form);
 void CancelButton_Click(frmChooseTheme& form);
 

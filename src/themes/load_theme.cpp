@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A theme is read whole before the first thing of the old one is touched.
+// Loading a theme. It is read completely before anything of the current one is replaced.
 #include "themes/load_theme.h"
 
 #include <array>
@@ -17,7 +17,7 @@ void ReportRefusal(Desktop& desktop, const std::string& name, const std::string&
   desktop.ShowMessage(name + ": " + reason + "\r\nLoading default theme..", "Theme not loaded", BoxIcon::Exclamation);
 }
 
-// The theme `name`, nullopt after a box has said why there is none.
+// Reads the theme `name`; on failure shows a box with the reason and returns nullopt.
 std::optional<Theme> ReadOrReport(Desktop& desktop, const std::string& name) {
   const std::string folder = JoinPath(desktop.ProgramFolder(), name);
   if (!IsComplete(folder)) {
@@ -49,7 +49,7 @@ void SetSounds(Game& game, const std::string& folder) {
   game.desktop.PrepareWaves(std::array{form.HitTubeWav, form.PutInContWav, form.PickupWav, form.LetGoWav});
 }
 
-// Element 0 of each array keeps its picture when the theme has no items.
+// If the theme has no items, element 0 of each array keeps its picture.
 void SetItemPictures(frmMain& form, const std::vector<ItemPictures>& pictures) {
   const auto arrays = {&form.PicSprite, &form.PicMask, &form.picCont, &form.PicContMask};
   while (form.PicSprite.Count() > 1)
@@ -81,7 +81,7 @@ void Show(Game& game, const std::string& name, const Theme& theme) {
 void PutOnForm(frmMain& form, modVariables& state, const Theme& theme) {
   static_cast<ItemTable&>(state) = theme.items;
   state.LoadedItems = theme.items;
-  // The new table may be shorter than the one they pointed into.
+  // The new theme may have fewer items.
   state.CurItem = 0;
   state.CurCont = 0;
   SetItemPictures(form, theme.pictures);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Putting a theme onto the main window.
+// Loading a theme onto the main window.
 #pragma once
 
 #include <string>
@@ -9,16 +9,16 @@
 
 namespace sorvex {
 
-/// Loads the theme folder `name` beside the executable: item table, pictures, size of the play field, caption, details,
-/// best times; ends a running game. A theme that is incomplete or cannot be used is reported and "Theme1" is loaded in
-/// its place and becomes the current theme. Returns whether a theme was loaded; if not, nothing was changed.
+/// Loads the theme folder `name` beside the executable: item table, pictures, play field size, caption, details and
+/// best times. Ends a running game. If the theme is incomplete or invalid, reports it in a box and loads "Theme1"
+/// instead, which becomes the current theme. Returns whether a theme was loaded; if not, nothing was changed.
 bool LoadTheme(Game& game, const std::string& name);
 
-/// Gives the window and the state what is in the theme: item table, pictures, size of the play field, details.
+/// Copies a theme into the window and the state: item table, pictures, play field size, details.
 void PutOnForm(frmMain& form, modVariables& state, const Theme& theme);
 
-/// Puts the items of the theme on the field where its files say, in play again. False, and nothing is changed, when the
-/// game on the field is over or there is none.
+/// Puts the items of the loaded theme back into play at their start positions. Returns false and changes nothing if the
+/// game is over or no theme is loaded.
 bool ReturnItemsToStart(Game& game);
 
 }  // namespace sorvex

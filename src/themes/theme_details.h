@@ -6,7 +6,7 @@
 
 namespace sorvex {
 
-/// Shows the description and date of the theme on the field in a box.
+/// Shows the current theme's description and date in a box.
 void ShowThemeDetails(Game& game);
 
 }  // namespace sorvex

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Parsing and loading the files of a theme, with a plain reason for every one that cannot be used.
+// Parsing the files of a theme, and reporting why one cannot be used.
 #include "themes/theme_files.h"
 
 #include <algorithm>
@@ -18,7 +18,7 @@
 namespace sorvex {
 namespace {
 
-// Text from a theme as a message may show it: short, without control characters.
+// Text from a theme file for use in a message: shortened, without control characters.
 std::string Shown(std::string_view text) {
   constexpr std::size_t longest = 40;
   std::string shown;
@@ -32,7 +32,7 @@ std::string Shown(std::string_view text) {
 
 bool IsBlank(std::string_view line) { return line.find_first_not_of(" \t") == std::string_view::npos; }
 
-// nullopt after a report.
+// Reports a fault and returns nullopt if `text` is not a coordinate.
 std::optional<Integer> ParseCoordinate(const std::string& file, int line, std::string_view text,
                                        const FaultSink& report) {
   if (IsBlank(text)) {
@@ -49,7 +49,7 @@ std::optional<Integer> ParseCoordinate(const std::string& file, int line, std::s
   return std::nullopt;
 }
 
-// Takes the first line off `text`, without its end (CR LF, LF or CR).
+// Removes the first line from `text` and returns it without its line end (CR LF, LF or CR).
 std::string_view TakeLine(std::string_view& text) {
   const std::size_t end = std::min(text.find_first_of("\r\n"), text.size());
   const std::string_view line = text.substr(0, end);
@@ -58,7 +58,7 @@ std::string_view TakeLine(std::string_view& text) {
   return line;
 }
 
-// nullopt after a report.
+// Reports a fault and returns nullopt if the file cannot be used.
 std::optional<std::string> ReadText(const std::string& folder, const std::string& name, const FaultSink& report) {
   const std::string path = FindFile(folder, name);
   const std::optional<std::string> bytes = ReadFile(path, kLongestText);
@@ -72,12 +72,12 @@ std::optional<std::string> ReadText(const std::string& folder, const std::string
   return std::nullopt;
 }
 
-// Reads the bitmaps of one theme, as long as they fit into memory together.
+// Reads the bitmaps of one theme and limits their total number of pixels.
 class BitmapReader {
  public:
   BitmapReader(std::string folder, FaultSink report) : folder_(std::move(folder)), report_(std::move(report)) {}
 
-  // nullopt after a report.
+  // Reports a fault and returns nullopt if the bitmap cannot be used.
   std::optional<Bitmap> Read(const std::string& name) {
     GrowingStart file(FindFile(folder_, name));
     if (!file.ReadUpTo(kBitmapHeaders))
@@ -90,7 +90,7 @@ class BitmapReader {
           "too-many-pixels", name,
           "the pictures of a theme may have " + std::to_string(kMostPixels / 1'000'000) + " million pixels in all");
     pixelsLeft_ -= pixels;
-    // What a file holds behind its pixels costs nothing.
+    // Data after the pixels is not read.
     if (!file.ReadUpTo(declared->bytes) || DeclaredSize(file.Bytes()) != declared->size)
       return Refuse("broken-bitmap", name, kNotReadable);
     std::optional<Bitmap> bitmap = DecodeBitmap(file.Bytes());
@@ -110,13 +110,13 @@ class BitmapReader {
   std::int64_t pixelsLeft_ = kMostPixels;
 };
 
-// The lines of a text, one after the other.
+// Iterates over the lines of a text.
 class LineReader {
  public:
   explicit LineReader(std::string_view text) : rest_(text) {}
   bool AtEnd() const { return rest_.empty(); }
   void SkipRest() { rest_ = {}; }
-  /// The line taken last, from 1.
+  /// The number of the last line taken, from 1.
   int Line() const { return line_; }
   std::string_view Next() {
     ++line_;
@@ -128,12 +128,12 @@ class LineReader {
   int line_ = 0;
 };
 
-// The four numbers of one item. Where reading goes on behind a blank line, it goes on as if that line were not there.
+// Reads the four numbers of one item. If reading continues after a blank line was reported, the line is skipped.
 class ItemLines {
  public:
   ItemLines(LineReader& lines, const FaultSink& report) : lines_(lines), report_(report) {}
 
-  // 0 after a report.
+  // Reports a fault and returns 0 if the line is not a number.
   Integer Next() {
     while (!lines_.AtEnd()) {
       const std::string_view line = lines_.Next();

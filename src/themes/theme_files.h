@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Reading a theme folder: three small text files, bitmaps and their masks. See docs/themes.md for the format.
+// Reading a theme folder: three text files, bitmaps and their masks. docs/themes.md describes the format.
 #pragma once
 
 #include <functional>
@@ -16,23 +16,24 @@ namespace sorvex {
 inline constexpr char kItemsFile[] = "Theme.ini";
 inline constexpr char kTargetFile[] = "Theme2.ini";
 inline constexpr char kDetailsFile[] = "ThemeDetails.ini";
-inline constexpr int kLinesPerItem = 4;  ///< in the items' file
+inline constexpr int kLinesPerItem = 4;  ///< in kItemsFile
 
 /// A reason why a theme cannot be loaded.
 struct Fault {
-  std::string_view code;  ///< what kind it is: one of the names in docs/themes.md
+  std::string_view code;  ///< its kind: one of the names in docs/themes.md
   std::string file;
-  int line = 0;  ///< from 1; 0: the whole file
+  int line = 0;  ///< line number from 1; 0: the whole file
   std::string reason;
 };
 
-/// Why a theme cannot be loaded: "Theme.ini, line 7: 'abc' is not a number".
+/// Thrown if a theme cannot be loaded. what() is for example "Theme.ini, line 7: 'abc' is not a number".
 class ThemeError : public std::runtime_error {
  public:
   explicit ThemeError(const Fault& fault);
 };
 
-/// Is told of each fault in the order of reading, which ends where it throws and otherwise goes on without that piece.
+/// Receives each fault in reading order. Reading stops if it throws; if it returns, reading continues without that
+/// piece.
 using FaultSink = std::function<void(const Fault&)>;
 [[noreturn]] void ThrowThemeError(const Fault& fault);
 
@@ -54,32 +55,32 @@ struct ItemPictures {
   Picture containerMask;
 };
 
-/// All that a theme folder holds. Complete, unless reading went on behind a fault: then a picture that could not be
-/// read is null, an item without its four numbers is not in play, and what is missing of the rest has its first value.
+/// The content of a theme folder. It is complete unless reading continued after a fault: then a picture that could not
+/// be read is null, an item without its four numbers is not in play, and other missing values are default-initialized.
 struct Theme {
   ItemTable items;
   std::vector<ItemPictures> pictures;  ///< LastItem + 1 of them
   Picture background;
-  Picture background2;  ///< same content, another picture object
+  Picture background2;  ///< a different picture object with the same content
   Target target;
   Picture targetPicture;
   Picture targetMask;
   Details details;
 };
 
-/// The contents of Theme.ini (item groups of four lines), Theme2.ini (the target's place) and ThemeDetails.ini, given
-/// as UTF-8.
+/// Parse Theme.ini (four lines per item), Theme2.ini (the target's position) and ThemeDetails.ini, given as UTF-8.
+/// Faults go to `report`.
 ItemTable ParseItems(std::string_view text, const FaultSink& report = ThrowThemeError);
 Target ParseTarget(std::string_view text, const FaultSink& report = ThrowThemeError);
 Details ParseDetails(std::string_view text);
 
-/// Whether the folder holds the two files without which nothing is loaded from it.
+/// True if the folder contains Theme.ini and Theme2.ini, without which it is not read.
 bool IsComplete(const std::string& folder);
 
-/// Whether a text file's content, as UTF-8, is UTF-16 taken for something else.
+/// True if a text file, decoded to UTF-8, appears to have been UTF-16.
 bool LooksLikeUtf16(std::string_view text);
 
-/// Reads the whole folder. Nothing else is touched.
+/// Reads the whole folder, without side effects. Faults go to `report`.
 Theme ReadTheme(const std::string& folder, const FaultSink& report = ThrowThemeError);
 
 }  // namespace sorvex

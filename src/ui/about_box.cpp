@@ -9,8 +9,8 @@
 namespace sorvex {
 namespace {
 
-constexpr int kFollowInterval = 50;   // milliseconds between two steps of the logo
-constexpr int kReturnInterval = 200;  // and before it is put back
+constexpr int kFollowInterval = 50;   // milliseconds between two moves of the dragged logo
+constexpr int kReturnInterval = 200;  // milliseconds from its release until it is put back
 constexpr float kLogoLeft = 8;
 constexpr float kLogoTop = 8;
 constexpr float kScrollStep = 0.5F;
@@ -83,8 +83,8 @@ void Timer1_Timer(Desktop& desktop, frmAbout& form) {
   }
   const ScreenPoint pointer = desktop.PointerPosition();
   const TwipRatio twips = desktop.TwipsPerPixel();
-  // The logo is placed in the client area by a place measured from the window's outer corner: its centre stands below
-  // and to the right of the pointer by the frame's size.
+  // The pointer's position relative to the window's outer corner is used in client coordinates, so the logo's center is
+  // offset from the pointer by the frame's size.
   const float x = static_cast<float>(pointer.x) - form.Left / twips.across;
   const float y = static_cast<float>(pointer.y) - form.Top / twips.down;
   form.imgLogo.Left = x - form.imgLogo.Width / 2;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The layout around the play field, and what the buttons below it do.
+// Layout around the play field, and the main window's handlers.
 #include "ui/main_window_commands.h"
 
 #include "base/finally.h"
@@ -26,7 +26,7 @@ void PlayOneGame(Game& game) {
 
 }  // namespace
 
-// Positions are single-precision and are not rounded here; fractions of a twip matter to nobody.
+// Positions are not rounded here: fractions of a twip are far below a pixel.
 void LayOut(frmMain& form, TwipRatio twipsPerPixel) {
   const auto [across, down] = twipsPerPixel;
   form.Width = across * form.PicCanvas.Width + 350;
@@ -77,7 +77,7 @@ void Image1_Click(Game& game) {
     time.Visible = false;
     return;
   }
-  // While it is hidden no frame follows for its sake: it may be old.
+  // While the label is hidden the frame loop may wait without updating it.
   if (GameRuns(game)) ShowElapsed(game);
   ShowControl(game.desktop, game.form, time);
 }

@@ -1,25 +1,24 @@
 // SPDX-License-Identifier: MIT
-// The main window's commands: loading and laying out, Start, the hidden clock, closing.
+// The main window's handlers: load, Start, information image, elapsed time, close.
 #pragma once
 
 #include "game/game.h"
 
 namespace sorvex {
 
-/// Builds the highscore rows, loads the current theme and lays the window out around the play field. Returns whether a
-/// theme was loaded.
+/// The main window's load handler, also called by each Start: builds the highscore rows, loads the current theme and
+/// lays the window out. Returns whether a theme was loaded.
 bool Form_Load(Game& game);
 
-/// Lays the window out around the play field.
+/// Sizes the window and positions its controls around the play field.
 void LayOut(frmMain& form, TwipRatio twipsPerPixel);
 
-/// Loads the theme afresh and plays one game. When no theme can be loaded any more, plays the one on the field.
-/// During a game it ends that game, which reports nothing, and returns; the call that played it then starts the new
-/// one, so that games never nest.
+/// The Start button: reloads the theme and runs one game; if no theme can be loaded, runs it with the theme on the
+/// field. If a game is running, ends it without a report and returns; the outer call that ran it then starts the new
+/// game, so that games never nest.
 void Command1_Click(Game& game);
 
-/// The information image: a released left button shows the about box, a right one the theme's details, any other
-/// nothing.
+/// The information image: the left button shows the about box, the right one the theme's details, others do nothing.
 void imgAbout_MouseUp(Game& game, Integer button);
 
 /// Shows or hides the elapsed time.
