@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Sorting by place, and the words of a surface.
+// Sorting controls by position, and composing a surface's name.
 #include "platform/accessibility.h"
 
 #include <algorithm>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What assistive technology is told, the same on every system: the order of reading and the names.
+// Front-end independent accessibility: reading order and names of controls.
 #pragma once
 
 #include <string>
@@ -9,12 +9,12 @@
 
 namespace sorvex {
 
-/// The controls on `container` (null: on the form itself) in the order in which one reads them: row by row, each from
-/// the left. Hidden ones are among them.
+/// The controls on `container` (null: directly on the form), including hidden ones, in reading order: row by row, each
+/// row from left to right.
 std::vector<Control*> ReadingOrder(const Form& form, const PictureBox* container);
 
-/// What a surface is called where nothing that is painted on it has a name of its own: its accessible name, and behind
-/// it the captions of the labels that are shown on it, in reading order.
+/// A surface's name on systems that do not expose the labels painted on it: its accessible name, followed by the
+/// captions of its visible labels in reading order.
 std::string SpokenText(const Form& form, const PictureBox& surface);
 
 }  // namespace sorvex

@@ -10,16 +10,16 @@
 namespace sorvex {
 namespace {
 
-constexpr int kLinesBeside = 10;  // as high as caption, margins and button
+constexpr int kLinesBeside = 10;  // height of caption, margins and button, in lines
 constexpr std::string_view kLineEnd = "\r\n";
 
-// Takes off `text` what stands on its next line: up to the last blank that fits, else all the characters that fit.
+// Removes the next line from `text` and returns it: up to the last blank that fits, else all characters that fit.
 std::string_view TakeLine(std::string_view& text, const Fits& fits) {
   std::size_t length = FittingLength(text, fits);
   if (length < text.size()) {
     const std::size_t blank = text.rfind(' ', length);
     if (blank != text.npos && blank > 0) length = blank;
-    while (length == 0 || Beginning(text, length).empty()) ++length;  // not even one character fits
+    while (length == 0 || Beginning(text, length).empty()) ++length;  // at least one character, even if it does not fit
   }
   const std::string_view line = Beginning(text, length);
   text.remove_prefix(line.size());
@@ -27,7 +27,7 @@ std::string_view TakeLine(std::string_view& text, const Fits& fits) {
   return line;
 }
 
-// How long the line end at that place is, 0 without one.
+// Length of the line end at `place`, 0 if there is none.
 std::size_t LineEndAt(std::string_view text, std::size_t place) {
   if (place == text.npos) return 0;
   return text.substr(place).starts_with(kLineEnd) ? kLineEnd.size() : 1;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What a message box shows of a text, so that it fits its screen and opens at once whatever the text.
+// Wraps and truncates a message so that its box fits the screen and opens quickly, however long the text is.
 #pragma once
 
 #include <functional>
@@ -10,12 +10,12 @@
 
 namespace sorvex {
 
-/// Pixels that a line takes in the box's font, tabs expanded.
+/// Returns the size of a line in the box's font, in pixels, with tabs expanded.
 using MeasureLine = std::function<Size(std::string_view line)>;
 
-/// `text` in lines of at most `room.width` pixels, broken at blanks or else within a word; as many as a box on a screen
-/// of `room.height` pixels shows, the last one with an ellipsis when there are more. Of a line that begins with a tab
-/// all that it is broken into is indented.
+/// Wraps `text` to lines of at most `room.width` pixels, at blanks if possible, else within a word. Keeps as many lines
+/// as a box on a screen of `room.height` pixels shows, and ends the last one with an ellipsis if lines were dropped. If
+/// a line begins with a tab, its continuation lines do too. Lines of the result are separated by CR LF.
 std::string BoxText(std::string_view text, Size room, const MeasureLine& measure);
 
 }  // namespace sorvex

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What setting a property does, for every front end alike: auto-size, persistent images, frames, rounding to pixels.
+// Front-end independent effects of setting properties: auto-size, persistent images, frames, rounding to pixels.
 #include "platform/controls.h"
 
 #include <algorithm>

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-// Forms and their controls as data. The game reads and sets the properties and is called through the event slots; a
-// front end shows what they say. Positions and sizes are pixels inside the container (a form's own outer size: twips).
+// Forms and their controls as plain data. The game reads and sets properties and assigns event callbacks; a front end
+// displays the properties and calls the events. Positions and sizes are pixels in the container's drawing area; a
+// form's outer size is in twips.
 #pragma once
 
 #include <algorithm>
@@ -20,7 +21,7 @@ namespace sorvex {
 class Desktop;
 struct Form;
 
-/// An RGB colour, or a colour of the desktop named by its Windows index (COLOR_...).
+/// An RGB color, or a system color given by its Windows index (COLOR_...).
 struct Color {
   std::uint32_t value = 0;  ///< 0x00RRGGBB, or kSystem | index
   static constexpr std::uint32_t kSystem = 0x80000000;
@@ -36,7 +37,7 @@ inline constexpr Color kButtonFaceColor{Color::kSystem | 15};  ///< COLOR_BTNFAC
 
 struct Font {
   std::string family;
-  float points = 0;  ///< at 96 dots per inch, 0.75 points are one pixel
+  float points = 0;  ///< 0.75 points are one pixel at every resolution
   int weight = 400;  ///< 100 to 900
   bool underlined = false;
   bool operator==(const Font&) const = default;
@@ -48,7 +49,7 @@ enum class Alignment { Left, Center, Right };
 enum class Frame { None, Flat, Sunken };
 constexpr int FrameWidth(Frame frame) { return static_cast<int>(frame); }
 
-/// Whole pixels, halves to even.
+/// Rounds to whole pixels, halves to even.
 inline int ToPixels(float value) {
   const int whole = static_cast<int>(value);
   return static_cast<float>(whole) == value ? whole : static_cast<int>(RoundHalfEven(value));
@@ -63,7 +64,8 @@ inline constexpr Integer kCtrlKey = 2;
 inline constexpr Integer kAltKey = 4;
 
 using Event = std::function<void()>;
-/// Button (in a movement: all that are down), shift state, and the place in the control's pixels.
+/// `button` is the pressed or released button, in a move the sum of all that are down; `shift` is the sum of the
+/// modifier keys; (x, y) is the pointer in pixels of the control's drawing area.
 using PointerEvent = std::function<void(Integer button, Integer shift, float x, float y)>;
 
 struct PictureBox;
@@ -72,16 +74,16 @@ struct Control {
   virtual ~Control() = default;
 
   std::string Name;
-  int Index = -1;                   ///< place in its control array, -1 outside one
-  PictureBox* Container = nullptr;  ///< the surface it stands on; null: the form itself
+  int Index = -1;                   ///< index in its control array, -1: not in an array
+  PictureBox* Container = nullptr;  ///< the surface that contains it; null: the form itself
   float Left = 0;
   float Top = 0;
   float Width = 0;
   float Height = 0;
   bool Visible = true;
   std::string ToolTipText;
-  std::string AccessibleName;  ///< what assistive technology calls it, where its text or tool tip is not enough
-  int TabIndex = -1;           ///< place in the tab order, -1: takes no focus
+  std::string AccessibleName;  ///< its name for assistive technology, if its text or tool tip does not suffice
+  int TabIndex = -1;           ///< position in the tab order, -1: takes no focus
   BuiltIn MousePointer = BuiltIn::None;
 
  protected:
@@ -90,7 +92,7 @@ struct Control {
   Control& operator=(const Control&) = default;
 };
 
-/// A picture surface: a frame around a drawing area, with a persistent image where AutoRedraw is set.
+/// A picture surface: a drawing area in a frame. With AutoRedraw it has a persistent image.
 struct PictureBox : Control {
   Frame BorderStyle = Frame::Sunken;
   bool AutoSize = false;
@@ -102,9 +104,9 @@ struct PictureBox : Control {
   PointerEvent MouseDown;
   PointerEvent MouseMove;
   PointerEvent MouseUp;
-  Event Paint;  ///< without AutoRedraw: the surface is about to be painted
+  Event Paint;  ///< without AutoRedraw: called before the surface is painted
 
-  /// The drawing area: the outer size less the frame, in whole pixels.
+  /// The drawing area's size: the outer size minus the frame, in whole pixels.
   Size ScaleSize() const {
     const Size outer = OuterSize();
     const int frame = 2 * FrameWidth(BorderStyle);
@@ -112,24 +114,24 @@ struct PictureBox : Control {
   }
   float ScaleWidth() const { return static_cast<float>(ScaleSize().width); }
   float ScaleHeight() const { return static_cast<float>(ScaleSize().height); }
-  /// The outer size in whole pixels: what a copy that names this surface spans.
+  /// The outer size, frame included, in whole pixels.
   Size OuterSize() const { return {ToPixels(Width), ToPixels(Height)}; }
 
   const Picture& PictureObject() const { return picture_; }
-  /// Gives the surface `picture` (null: none): an auto-size surface takes its size; the image becomes the picture at
-  /// (0, 0) on the background colour.
+  /// Sets the picture (null: none). An auto-size surface takes its size; the image becomes the picture at (0, 0) on the
+  /// background color.
   void SetPicture(Picture picture);
-  /// Sets the outer size. A persistent image keeps what it holds, new area shows the background colour.
+  /// Sets the outer size in pixels. The image keeps its content; new area shows the background color.
   void Resize(float width, float height);
 
   /// The persistent image, as large as the drawing area.
   const Bitmap& Image() const { return picture_ && !drawn_ ? picture_->Pixels() : own_; }
-  /// The same for drawing; from then on the image is the surface's own and no longer its picture's.
+  /// The persistent image for writing. Copies the picture's shared pixels first (copy on write).
   Bitmap& Drawing();
   /// Changes whenever the image may have changed.
   unsigned Revision() const { return revision_; }
 
-  /// What BackColor is on this desktop; set by PaintDesign.
+  /// BackColor as a pixel value of this desktop; set by PaintDesign.
   Pixel Background = kWhite;
 
  private:
@@ -150,16 +152,15 @@ struct Label : Control {
   bool WordWrap = false;
   Alignment Align = Alignment::Left;
   sorvex::Font Font;
-  float PaintedTo = 0;  ///< above 0: what is painted is one line and ends before this place of the container
+  float PaintedTo = 0;  ///< above 0: painted as one line, cut off before this x position in the container
   Event Click;
 
-  /// Sets the caption; an auto-size label takes its text's size, its top-left corner stays. One that is not shown does
-  /// so in ShowControl: measuring its text would load its font.
+  /// Sets the caption; an auto-size label is resized to its text, its top-left corner stays. For a hidden label this is
+  /// deferred to ShowControl, because measuring text loads the font.
   void SetCaption(Desktop& desktop, std::string caption);
-  /// Makes the label as large as its text: as high at the width it has where it wraps words. Finds out what of it is
-  /// painted.
+  /// Resizes the label to its text (with word wrap: its height only) and updates PaintedText.
   void FitToText(Desktop& desktop);
-  /// What is painted of the caption.
+  /// The part of the caption that is painted, with an ellipsis if it was cut.
   const std::string& PaintedText() const { return painted_.empty() ? Caption : painted_; }
 
  private:
@@ -167,13 +168,13 @@ struct Label : Control {
 };
 
 struct CommandButton : Control {
-  std::string Caption;   ///< with "&" before the access key
+  std::string Caption;   ///< "&" precedes the access key
   bool Default = false;  ///< Enter activates it unless another button has the focus
   bool Cancel = false;   ///< Esc activates it
   Event Click;
 };
 
-/// Something an image does, for those who use no pointer.
+/// An image's action for keyboard and assistive technology.
 struct Command {
   std::string Name;
   int FunctionKey = 0;  ///< 1: F1, ...
@@ -192,10 +193,10 @@ struct Image : Control {
 struct Timer : Control {
   int Interval = 0;  ///< milliseconds
   bool Enabled = false;
-  Long Started = 0;  ///< tick count from which the interval runs
+  Long Started = 0;  ///< tick count at which the interval started
   Event Tick;
 
-  /// Enables the timer; its interval runs from `now` (a tick count), also when it was enabled already.
+  /// Enables the timer, or restarts it if it is enabled; its interval starts at `now` (a tick count).
   void Start(Long now) {
     Enabled = true;
     Started = now;
@@ -214,11 +215,11 @@ struct Shape : Control {
   Color FillColor;
 };
 
-/// A window's frame: how far its outer size exceeds its client area, in the classic metrics.
+/// A window's border style, which determines by how many pixels its outer size exceeds its client area.
 enum class FormBorder { Sizable, FixedDialog, FixedToolWindow };
 struct FrameMetrics {
-  int side;  ///< at the left, at the right and below
-  int top;   ///< caption included
+  int side;  ///< left, right and bottom, pixels
+  int top;   ///< including the caption, pixels
 };
 constexpr FrameMetrics MetricsOf(FormBorder border) {
   switch (border) {
@@ -246,45 +247,45 @@ struct Form {
   float Top = 0;        ///< outer top edge on the screen, twips; kept by the front end
   float Width = 0;      ///< outer width, twips
   float Height = 0;     ///< outer height, twips
-  bool Loaded = false;  ///< shown while set; a handler closes the form by clearing it
+  bool Loaded = false;  ///< the form is shown while this is set; clearing it closes the form
 
-  Event Unload;  ///< the close box was used, or the session ends; null: the form just closes
+  Event Unload;  ///< called before the form closes by its close box or at session end; may be null
 
-  /// Every control that exists, front to back.
+  /// Every existing control, front to back.
   std::vector<Control*> Controls;
 };
 
-/// Twips (1/1440 inch) a pixel, across and down: 15 at 96 dots per inch.
+/// Twips (1/1440 inch) per pixel, horizontally and vertically: 15 at 96 dots per inch.
 struct TwipRatio {
   float across = 15;
   float down = 15;
 };
 
-/// The client area to show, in pixels: what follows from the outer size in twips; in a sizable form at least as wide as
-/// its shown buttons and images reach.
+/// The client area's size in pixels, computed from the form's outer size in twips. A sizable form's is at least wide
+/// enough for its visible buttons and images.
 Size ClientSize(const Form& form, TwipRatio twipsPerPixel);
-/// Sets the outer size in twips so that the client area has `client` pixels.
+/// Sets the form's outer size in twips so that its client area is `client` (pixels).
 void SetClientSize(Form& form, Size client, TwipRatio twipsPerPixel);
 
 /// The control's rectangle in its container, in whole pixels.
 Rectangle PixelBounds(const Control& control);
 
-/// Controls that share a name and count from 0. Element 0 is part of the design; others are copies of it.
+/// Controls that share a name, with indices from 0. Element 0 is part of the design; others are copies of it.
 template <class T>
 class ControlArray {
  public:
   explicit ControlArray(Form& form) : form_(form) { elements_.push_back(std::make_unique<T>()); }
 
-  /// Element `index`; throws RuntimeError 340 when it does not exist.
+  /// Element `index`; throws NoSuchElement (340) if it does not exist.
   T& operator()(int index) const {
     if (index < 0 || index >= Count()) throw NoSuchElement(index);
     return *elements_[static_cast<std::size_t>(index)];
   }
   int Count() const { return static_cast<int>(elements_.size()); }
 
-  /// Creates the next element, `index`, as a hidden copy of element 0.
+  /// Creates element `index`, which must be Count(), as a hidden copy of element 0; else throws NoSuchElement (340).
   T& Load(int index);
-  /// Removes the last element, `index`; element 0 stays.
+  /// Removes element `index`, which must be the last and not element 0; else throws NoSuchElement (340).
   void Unload(int index);
 
  private:
@@ -310,7 +311,7 @@ void ControlArray<T>::Unload(int index) {
   elements_.pop_back();
 }
 
-/// True when the control and all that it stands on are visible.
+/// True if the control and its containers are visible.
 bool IsShown(const Control& control);
 
 }  // namespace sorvex

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Bitmap files as the system's own reader reads them. The front end of each system brings this function; it needs no
-// desktop.
+// Decoding bitmap files with the platform's own decoder. Each front end implements this function; it works without a
+// Desktop.
 #pragma once
 
 #include <optional>
@@ -10,9 +10,8 @@
 
 namespace sorvex {
 
-/// The pixels of a bitmap file, given its bytes; transparency is dropped. What run-length encoded rows leave out is
-/// black. nullopt when the system's reader cannot read it. Readers trust what a bitmap declares of itself: check that
-/// first (themes/bitmap_check.h).
+/// Decodes the bytes of a bitmap file; transparency is dropped, and pixels skipped by run-length encoding are black.
+/// nullopt if the decoder fails. Decoders trust declared sizes, so validate the headers first (themes/bitmap_check.h).
 std::optional<Bitmap> DecodeBitmap(std::string_view bytes);
 
 }  // namespace sorvex

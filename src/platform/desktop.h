@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What the game asks of a window system, one contract a function. A front end implements this class and mirrors the
-// forms' controls; it decides nothing that another front end would have to decide alike.
+// The services that the game needs from a window system. A front end implements this class and mirrors the forms'
+// controls; decisions that do not depend on the front end are made in the core.
 #pragma once
 
 #include <cstdint>
@@ -19,12 +19,12 @@
 
 namespace sorvex {
 
-/// Thrown by a handler to end the program at once: no further handler runs, every wait is left, every window closes.
+/// Thrown by a handler to end the program at once: no further handler runs, every modal wait ends, every window closes.
 struct ProgramEnded {};
 
 enum class BoxIcon { None, Critical, Exclamation, Information };
 
-/// What the program says of itself.
+/// The program's version resource.
 struct VersionInfo {
   std::string Title;
   int Major = 0;
@@ -39,72 +39,73 @@ struct ScreenPoint {
   Long y = 0;
 };
 
-/// How much an entry field holds, as the classic text-input box has it.
+/// The longest text of an entry field, in UTF-16 code units.
 inline constexpr int kLongestEntry = 254;
 
-/// The new content of a file; none: it stays as it is.
+/// Returns a file's new content, or nullopt to leave the file unchanged.
 using FileContent = std::function<std::optional<std::string>()>;
 
-/// Handlers run only inside Show, DeliverEvents, ShowMessage and InputBox, on the calling thread. What a handler throws
-/// leaves the call that ran it.
+/// Handlers run only inside Show, DeliverEvents, ShowMessage and InputBox, on the calling thread. An exception from a
+/// handler is rethrown by that call.
 class Desktop {
  public:
   virtual ~Desktop() = default;
 
   // Windows
-  /// Shows `form` and serves events until its Loaded is cleared. With an owner it is modal: meanwhile the owner takes
-  /// no input.
+  /// Shows `form` and delivers events until its Loaded is cleared. With an owner the form is modal: the owner takes no
+  /// input meanwhile.
   virtual void Show(Form& form, Form* owner) = 0;
-  /// Brings every window up to date, delivers all pending events (input in order, due timers, paints), returns. When
-  /// nothing is pending it first waits for something, up to `patience` milliseconds.
+  /// Synchronizes every window with its form, delivers all pending events (input in order, due timers, paints) and
+  /// returns. If none is pending, first blocks for up to `patience` milliseconds until one arrives.
   virtual void DeliverEvents(int patience = 0) = 0;
-  /// The longest patience, 24 days: until an event comes.
+  /// A patience of 24 days: waits until an event arrives.
   static constexpr int kUntilAnEvent = std::numeric_limits<int>::max();
-  /// Shows the surface's image on the screen before returning. Since the last call only what lies in the boxes
-  /// `changed` (drawing area pixels) has changed.
+  /// Shows the surface's image on the screen before returning. `changed` are the dirty rectangles since the last call,
+  /// in pixels of the drawing area.
   virtual void Refresh(PictureBox& surface, std::span<const Rectangle> changed) = 0;
-  /// A modal box with one OK button. Lines of `text` end with CR LF.
+  /// Shows a modal box with one OK button until it is closed. Lines of `text` are separated by CR LF.
   virtual void ShowMessage(const std::string& text, const std::string& title, BoxIcon icon) = 0;
-  /// A modal box with an empty entry field that takes up to kLongestEntry characters (UTF-16 code units), OK and
-  /// Cancel; what was typed, empty on Cancel.
+  /// Shows a modal box with OK, Cancel and an empty entry field for up to kLongestEntry UTF-16 code units. Returns the
+  /// text, empty on Cancel.
   virtual std::string InputBox(const std::string& prompt, const std::string& title) = 0;
 
   // Pictures and text
-  /// One of the built-in pictures that are shown on surfaces.
+  /// A new picture object of a built-in picture for surfaces.
   virtual Picture BuiltInPicture(BuiltIn which) = 0;
-  /// Pixels that `text` takes in `font`; wrapped to `wrapWidth` pixels when that is above 0.
+  /// The size of `text` in `font`, in pixels; wrapped to `wrapWidth` pixels if that is above 0.
   virtual Size MeasureText(const Font& font, const std::string& text, int wrapWidth) = 0;
-  /// What a system colour is; an RGB colour comes back as it is.
+  /// A system or RGB color as a pixel value.
   virtual Pixel ResolveColor(Color color) = 0;
-  /// Twips a pixel of the screen.
+  /// Twips per screen pixel.
   virtual TwipRatio TwipsPerPixel() = 0;
 
-  // The surroundings
+  // Other services
   /// Milliseconds since the system started, as a 32-bit value read as signed.
   virtual Long TickCount() = 0;
-  /// The pointer's place on the screen, pixels.
+  /// The pointer's position on the screen, in pixels.
   virtual ScreenPoint PointerPosition() = 0;
-  /// Starts a wave file, cutting off the one that plays; a file that cannot be played gives the default sound.
+  /// Starts playing a wave file and returns at once. Cuts off the sound that is playing; a file that cannot be played
+  /// is replaced by the system's default sound.
   virtual void PlayWave(const std::string& path) = 0;
-  /// Names the wave files that may be played next, so that they can start at once.
+  /// Announces the wave files that may be played next, so that a front end can preload them.
   virtual void PrepareWaves(std::span<const std::string> paths) = 0;
-  /// Opens a web or mail address with the desktop's program for it; nothing visible when there is none.
+  /// Opens a web or mail address in the user's default program; silent if there is none.
   virtual void OpenAddress(const std::string& address) = 0;
-  /// Today in the desktop's short date format.
+  /// Today's date in the user's short date format.
   virtual std::string ShortDate() = 0;
-  /// The folder that holds the executable.
+  /// The path of the folder that contains the executable, without a trailing separator (except a drive's root).
   virtual std::string ProgramFolder() = 0;
   virtual VersionInfo Version() = 0;
-  /// Makes what `content` returns the content of the file, nothing when it returns none: afterwards the file holds the
-  /// old content or the new one, never part of one. While `content` runs and the file is written, no other copy of the
-  /// program is inside this function for a file of that folder. A link is followed; a read-only file stays; throws 76
-  /// (no such folder), 75 (not writable), 61 (disk full), 57, and what `content` throws.
+  /// Replaces a file's content by what `content` returns, atomically where the file system allows. `content` and the
+  /// write run under a lock that excludes other copies of the program from this function for files in the same folder.
+  /// Symbolic links are followed. Throws PathNotFound (76), PathAccessError (75; also for read-only files), DiskFull
+  /// (61), DeviceError (57), and whatever `content` throws.
   virtual void UpdateFile(const std::string& path, const FileContent& content) = 0;
-  /// Where the program records its folder.
+  /// The registry, in which the program records its folder.
   virtual Registry& SystemRegistry() = 0;
 };
 
-/// The front end that this program was linked with.
+/// Creates the desktop of the front end that the program is linked with.
 std::unique_ptr<Desktop> MakeDesktop(int& argc, char** argv);
 
 }  // namespace sorvex

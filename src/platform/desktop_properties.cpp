@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Sizes of texts, built-in pictures and system colours.
+// Label sizes, built-in pictures and system colors.
 #include "platform/desktop_properties.h"
 
 #include <string>
@@ -11,7 +11,8 @@
 namespace sorvex {
 namespace {
 
-// Bytes of a caption of one line that are measured: 254 characters have at most 762, and no window is as wide.
+// How many bytes of a single-line caption are measured: more than an entry field's 254 characters (at most 762 bytes),
+// and wider than any window.
 constexpr std::size_t kMostMeasured = 1024;
 
 void SetDesignPicture(Desktop& desktop, PictureBox& surface) {

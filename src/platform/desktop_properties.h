@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What of a control follows from the desktop it is shown on; so do Label::SetCaption and Label::FitToText.
+// Properties of controls that depend on the desktop. Label::SetCaption and Label::FitToText are implemented here too.
 #pragma once
 
 #include "platform/controls.h"
@@ -7,11 +7,11 @@
 
 namespace sorvex {
 
-/// Makes a control visible. What was put off while it was hidden is done now: loading its built-in picture, and giving
-/// auto-size labels on it the size of their text.
+/// Makes a control visible and does the work deferred while it was hidden: loads its built-in picture and resizes the
+/// auto-size labels on it to their text.
 void ShowControl(Desktop& desktop, const Form& form, Control& control);
 
-/// Gives every picture surface of a new form its background colour and, unless it is hidden, its built-in picture.
+/// Sets every picture surface of a new form to its background color and, unless it is hidden, to its built-in picture.
 void PaintDesign(Desktop& desktop, Form& form);
 
 }  // namespace sorvex

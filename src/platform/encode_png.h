@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// PNG files as the system's own writer writes them. Each front end brings this function; it needs no desktop.
+// Encoding PNG files with the platform's own encoder. Each front end implements this function; it works without a
+// Desktop.
 #pragma once
 
 #include <string>
@@ -8,8 +9,8 @@
 
 namespace sorvex {
 
-/// The bytes of a PNG file that holds the bitmap, which has at least one pixel. Throws OutOfMemory (7) when the
-/// system's writer fails.
+/// The bitmap, which must have at least one pixel, as the bytes of a PNG file. Throws OutOfMemory (7) if the encoder
+/// fails.
 std::string EncodePng(const Bitmap& bitmap);
 
 }  // namespace sorvex

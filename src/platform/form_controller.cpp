@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Focus, keys, timers, sizes and closing of a shown form, decided once for every front end.
+// Front-end independent behavior of a shown form: focus, keys, timers, size and closing.
 #include "platform/form_controller.h"
 
 #include <tuple>
@@ -62,7 +62,7 @@ void FormController::RunTimers() {
 }
 
 void FormController::TimerFired() {
-  // It may have fired early; what is left of the interval is asked for anew.
+  // The timer may have fired early: set it again for the rest of the interval.
   timerDue_.reset();
   RunTimers();
   ArmTimer();

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The owner of one shown form. Its window reports what happened; what follows from it for focus, keys, timers, sizes
-// and closing is decided here, and asked of the window through a small view.
+// The front-end independent controller of a shown form: focus, keys, timers, size and closing. The native window
+// reports events to it and is controlled through the interface FormView.
 #pragma once
 
 #include <cstdint>
@@ -16,36 +16,36 @@
 
 namespace sorvex {
 
-/// What a form's window does for its controller.
+/// The interface through which the controller acts on a form's native window.
 class FormView {
  public:
   virtual ~FormView() = default;
 
-  /// The control that has the focus in this window, null: none.
+  /// The control of this window that has the focus, null if none has.
   virtual const Control* FocusedControl() const = 0;
-  /// Gives a control the focus; null: the window itself, where it can have it.
+  /// Moves the focus to a control; null: to the window itself, if the system allows that.
   virtual void Focus(const Control* control) = 0;
-  /// Shows that Enter means this button (null: none) and no other.
+  /// Draws this button (null: none) and no other as the one that Enter activates.
   virtual void MarkForEnter(const CommandButton* button) = 0;
 
   virtual void SetCaption(const std::string& caption) = 0;
-  /// The form's background colour is another one.
+  /// The form's background color has changed.
   virtual void BackgroundChanged() = 0;
-  /// Makes the client area so large, pixels.
+  /// Resizes the client area, in pixels.
   virtual void SetClientSize(Size client) = 0;
 
-  /// Controls came or went: what was made for those that are gone goes too.
+  /// Controls were created or removed: destroys the widgets of removed ones.
   virtual void ControlsChanged() = 0;
-  /// Brings every control up to date. True when something was made for one that had not been seen before.
+  /// Synchronizes every widget with its control. True if a widget was created.
   virtual bool SyncControls() = 0;
 
-  /// Sets the window's only timer, which fires once, to so many milliseconds from now; nullopt stops it.
+  /// Starts the window's only timer, which fires once after `milliseconds`; nullopt stops it.
   virtual void SetTimer(std::optional<int> milliseconds) = 0;
 };
 
 class FormController {
  public:
-  /// From here on the form counts as loaded.
+  /// Sets the form's Loaded.
   FormController(Form& form, Desktop& desktop, Handlers& handlers, FormView& view)
       : form_(form), desktop_(desktop), handlers_(handlers), view_(view) {
     form.Loaded = true;
@@ -53,28 +53,28 @@ class FormController {
 
   Form& ShownForm() const { return form_; }
 
-  /// Brings the window up to date.
+  /// Synchronizes the window with the form.
   void Sync();
   /// Runs the timers that are due.
   void RunTimers();
 
-  // What happens to the window. The answer to a key is false when it means nothing to the form.
-  /// It opens: the first control in tab order takes the focus.
+  // Events of the window. Functions for keys return false if the key has no meaning in the form.
+  /// The window has opened: moves the focus to the first control in tab order.
   void FocusFirst();
   void FocusChanged();
   bool Tab(bool forward);
   bool Enter();
   bool Escape();
-  /// 1: F1, ...
+  /// `key` is 1 for F1 and so on.
   bool FunctionKey(int key);
-  /// Alt and a character, in UTF-8.
+  /// Alt and a character (UTF-8) were pressed.
   bool AccessKey(std::string_view character);
-  /// The client area has another size, pixels.
+  /// The client area's size has changed to `client` (pixels).
   void Resized(Size client);
-  /// The client area's corner is there on the screen, pixels.
+  /// The client area's top-left corner has moved to (left, top) on the screen, in pixels.
   void Moved(int left, int top);
   void TimerFired();
-  /// The close box was used, or something that means the same.
+  /// The window is asked to close: runs the form's Unload and clears its Loaded.
   void Close();
 
  private:
@@ -91,14 +91,14 @@ class FormController {
   Desktop& desktop_;
   Handlers& handlers_;
   FormView& view_;
-  std::vector<Control*> controls_;  // the form's at the last synchronisation
+  std::vector<Control*> controls_;  // the form's controls at the last Sync
   Shown<std::string> caption_;
   Shown<Color> background_;
   Shown<const CommandButton*> marked_;
-  std::optional<std::uint32_t> timerDue_;  // the tick count for which the view's timer is set
-  OuterSize setSize_;                      // what the program set last
-  OuterSize seenSize_;                     // what the form said at the last exchange
-  Size requested_;                         // the client area that follows from setSize_
+  std::optional<std::uint32_t> timerDue_;  // tick count for which the view's timer is set
+  OuterSize setSize_;                      // the form's size as the program last set it
+  OuterSize seenSize_;                     // the form's size when last read or written here
+  Size requested_;                         // the client area for setSize_
 };
 
 }  // namespace sorvex

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Keeping what handlers throw until the window system's frames are left.
+// Stores handlers' exceptions until the window system's stack frames have been left.
 #include "platform/handlers.h"
 
 #include "base/finally.h"

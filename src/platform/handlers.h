@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Running the game's handlers from a window system's callbacks. No exception may cross the system's frames: what a
-// handler throws is kept and leaves the call that serves the events.
+// Runs the game's handlers from a window system's callbacks. No exception may pass through the system's stack frames,
+// so a handler's exception is stored and rethrown by the call that delivers the events.
 #pragma once
 
 #include <exception>
@@ -11,26 +11,29 @@ namespace sorvex {
 
 class Handlers {
  public:
-  /// `afterwards` runs after every handler.
+  /// `afterwards` runs after every handler that did not throw.
   explicit Handlers(std::function<void()> afterwards) : afterwards_(std::move(afterwards)) {}
 
-  /// Runs `deliver`, which delivers events; `leave` makes it return when it waits in a loop of its own. Throws what the
-  /// first failing handler threw meanwhile, ProgramEnded before all else.
+  /// Calls `deliver`, which delivers events. If a handler throws, calls `leave`, which must make `deliver` return from
+  /// a loop of its own; may be null. Afterwards rethrows the first handler's exception, or ProgramEnded if any handler
+  /// threw that.
   void Serve(const std::function<void()>& deliver, const std::function<void()>& leave = nullptr);
 
-  /// The same, but what a handler throws comes back instead; null: nothing. ProgramEnded is thrown.
+  /// Like Serve, but returns the exception instead of throwing it; null if there was none. ProgramEnded is still
+  /// thrown.
   std::exception_ptr Attempt(const std::function<void()>& deliver);
 
-  /// Runs a handler. Does nothing outside Serve, and nothing once the program has ended.
+  /// Runs a handler and stores its exception. Does nothing outside Serve, after ProgramEnded, or if `handler` is null.
   void Run(const std::function<void()>& handler);
-  /// Keeps the exception that is being handled as one that a handler threw. Does nothing outside Serve.
+  /// Stores the exception being handled as if a handler had thrown it. Call it inside a catch block; does nothing
+  /// outside Serve.
   void Failed();
 
   /// True inside Serve, where handlers may run.
   bool MayRun() const { return innermost_ != nullptr && !ended_; }
-  /// True when a handler ended the program.
+  /// True after a handler threw ProgramEnded.
   bool Ended() const { return ended_; }
-  /// True when the innermost Serve is about to throw: no use in waiting.
+  /// True if the innermost Serve is going to throw, so that `deliver` should not block any more.
   bool Leaving() const { return ended_ || (innermost_ != nullptr && innermost_->error); }
 
  private:

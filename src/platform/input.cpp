@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Pointer capture, focus rules and timers, decided once for every front end.
+// Front-end independent pointer capture, focus rules and timers.
 #include "platform/input.h"
 
 #include <algorithm>
@@ -17,7 +17,7 @@ void Raise(const PointerEvent& event, Integer button, Integer shift, float x, fl
   if (event) event(button, shift, x, y);
 }
 
-// The place in `control` of a place in the surface that it was pressed on: a label or image lies on that surface.
+// Converts a coordinate of the pressed surface to one of `control`, which is that surface or a label or image on it.
 float LocalX(const Control& control, float x) {
   return dynamic_cast<const PictureBox*>(&control) ? x : x - control.Left;
 }
@@ -162,7 +162,7 @@ Rectangle FocusRing(const Control& control) {
 }
 
 void RunDueTimers(Form& form, Long now) {
-  std::vector<Timer*> due;  // collected first: a handler may change the form's controls
+  std::vector<Timer*> due;  // collected first, because a handler may change form.Controls
   for (Control* control : form.Controls) {
     auto* timer = dynamic_cast<Timer*>(control);
     if (timer != nullptr && Runs(*timer) && Elapsed(*timer, now) >= static_cast<std::uint32_t>(timer->Interval))

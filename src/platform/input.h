@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Native input made clean, once for every front end: which control a pointer event reaches, who keeps it while a
-// button is down, which button a key means, when a timer is due.
+// Front-end independent input rules: hit testing, pointer capture while a button is down, which button a key activates,
+// when a timer is due.
 #pragma once
 
 #include <optional>
@@ -10,13 +10,13 @@
 
 namespace sorvex {
 
-/// The frontmost visible label or image drawn on `surface` (null: on the form itself) at that place of its drawing
-/// area, null when there is none.
+/// Hit test: the frontmost visible label or image at (x, y) of the drawing area of `surface` (null: of the form's
+/// client area), in pixels; null if there is none.
 Control* WindowlessControlAt(const Form& form, const PictureBox* surface, float x, float y);
 
-/// One form's pointer. A front end reports each native press (every press, the second of a double click too), movement
-/// and release with the surface that the window system named for it (null: the form) and the place in that surface's
-/// drawing area. While a button is down all events belong to the control that was pressed first.
+/// One form's pointer. A front end reports each native press (also the second of a double click), move and release with
+/// the surface that received it (null: the form) and the position in that surface's drawing area, in pixels. While a
+/// button is down, the control that was pressed first has captured the pointer and gets all events.
 class PointerInput {
  public:
   explicit PointerInput(const Form& form) : form_(form) {}
@@ -24,40 +24,42 @@ class PointerInput {
   void Press(PictureBox* surface, Integer button, Integer shift, float x, float y);
   void Move(PictureBox* surface, Integer shift, float x, float y);
   void Release(Integer button, Integer shift, float x, float y);
-  /// The window system took the pointer away (another window, a modal box): as if the buttons had been released where
-  /// the pointer was last, without a click.
+  /// The pointer capture was lost (to another window, a modal box): raises one MouseUp, for the lowest button that is
+  /// down, at the last position, without a click; all buttons count as released.
   void Lose();
 
  private:
   const Form& form_;
-  Integer down_ = 0;           // the buttons that are down
-  Control* target_ = nullptr;  // whose events they are, null: nobody's
+  Integer down_ = 0;           // sum of the buttons that are down
+  Control* target_ = nullptr;  // the control that has captured the pointer, null: none
   Integer shift_ = 0;
   float x_ = 0;
   float y_ = 0;
 };
 
-/// The controls that Tab visits now, in order.
+/// The controls that Tab can reach now, in tab order.
 std::vector<Control*> TabOrder(const Form& form);
-/// Where Tab (or Shift+Tab) leads from `focus` (may be null): null when there is nowhere to go.
+/// The control after `focus` (may be null) in tab order, or before it if not `forward`; null if no control takes focus.
 Control* NextInTabOrder(const Form& form, const Control* focus, bool forward);
-/// What Enter activates while `focus` (may be null) has the focus: that button, else the default one; null: nothing.
+/// The button that Enter activates: `focus` (may be null) if it is a button, else the default button; null if there is
+/// none.
 CommandButton* ButtonForEnter(const Form& form, const Control* focus);
-/// What Esc activates: the shown cancel button, null: nothing.
+/// The button that Esc activates: the visible cancel button, null if there is none.
 CommandButton* ButtonForEscape(const Form& form);
-/// True when Enter and Esc close the form: it has no button that they could mean.
+/// True if Enter and Esc close the form: it has no buttons.
 bool ClosesByEnterAndEscape(const Form& form);
-/// What a function key (1: F1, ...) does: the command of an image, null: nothing.
+/// The image's command for function key `key` (1 for F1 and so on); null if there is none.
 const Command* CommandForFunctionKey(const Form& form, int key);
-/// Where the focus goes when `gone`, which had it, is no longer shown: to the control before it in the tab order.
+/// The control that gets the focus after `gone`, which had it, was hidden: the previous one in tab order, null if none
+/// takes focus.
 Control* FocusAfter(const Form& form, const Control& gone);
 
-/// Around a surface or a list, in its container: where the focus is marked on what has no mark of its own.
+/// The focus rectangle around a surface or list, whose native widget draws none; in pixels of its container.
 Rectangle FocusRing(const Control& control);
 
-/// Runs the handlers of the form's timers that are due at `now` (a tick count).
+/// Calls Tick of the form's timers that are due at `now` (a tick count).
 void RunDueTimers(Form& form, Long now);
-/// Milliseconds from `now` until the next timer is due (0: one is), nullopt when none is enabled.
+/// Milliseconds from `now` until the next timer is due (0 if one is due already); nullopt if none is enabled.
 std::optional<int> NextTimer(const Form& form, Long now);
 
 }  // namespace sorvex

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Statuses and byte counts of the registry's functions.
+// Registry functions with the statuses and byte counts of the Windows API.
 #include "platform/map_registry.h"
 
 #include <algorithm>
@@ -43,7 +43,7 @@ const MapRegistry::OpenKey* MapRegistry::Find(RegistryKey key) const {
   return found == open_.end() ? nullptr : &found->second;
 }
 
-// Also when only a key inside it is there.
+// A key also exists if only one of its subkeys is stored.
 bool MapRegistry::HasKey(const std::string& path) const {
   if (path.find('\\') == std::string::npos || content.contains(path)) return true;
   const std::string inside = path + '\\';
@@ -73,7 +73,7 @@ Long MapRegistry::Create(RegistryKey hive, const std::string& name, std::uint32_
   const OpenKey* base = Find(hive);
   if (base == nullptr) return kInvalidHandle;
   if (!IsKeyName(name)) return kInvalidParameter;
-  // A key without values is not stored: it is there again as soon as it is asked for.
+  // Not stored: a key without values is created again when it is needed.
   content.try_emplace(Joined(base->path, name));
   return Open(hive, name, access, key);
 }
@@ -102,7 +102,7 @@ Long MapRegistry::Set(RegistryKey key, const std::string& name, std::uint32_t ty
   const Value value{type, {static_cast<const char*>(data), size}};
   Content changed = content;
   Value& stored = changed[open->path][name];
-  // Waiting for the disk is spared at every start but the first.
+  // Every start of the program writes the same value: do not write the file again.
   if (stored == value) return kSuccess;
   stored = value;
   return Change(std::move(changed));

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The registry of systems that have none: its rules over a map, which a front end may store.
+// A registry for systems without one, kept in a map that a front end may store.
 #pragma once
 
 #include <functional>
@@ -10,9 +10,9 @@
 
 namespace sorvex {
 
-/// Statuses: 0 ERROR_SUCCESS; 2 ERROR_FILE_NOT_FOUND, no such key or value; 5 ERROR_ACCESS_DENIED; 6
-/// ERROR_INVALID_HANDLE; 87 ERROR_INVALID_PARAMETER, not the name of a key; 234 ERROR_MORE_DATA. Names are equal when
-/// they differ only in the case of A to Z, and keep their first spelling.
+/// Returned statuses: 0 ERROR_SUCCESS; 2 ERROR_FILE_NOT_FOUND, no such key or value; 5 ERROR_ACCESS_DENIED; 6
+/// ERROR_INVALID_HANDLE; 87 ERROR_INVALID_PARAMETER, not a valid key name; 234 ERROR_MORE_DATA. Names are compared
+/// ignoring the case of A to Z, and keep the spelling they were created with.
 class MapRegistry final : public Registry {
  public:
   struct LessIgnoringCase {
@@ -24,9 +24,9 @@ class MapRegistry final : public Registry {
     bool operator==(const Value&) const = default;
   };
   using Values = std::map<std::string, Value, LessIgnoringCase>;
-  /// The values of each key, under its path from the hive: "HKEY_LOCAL_MACHINE\Software\Quennet".
+  /// The values of each key, by its path: "HKEY_LOCAL_MACHINE\Software\Quennet".
   using Content = std::map<std::string, Values, LessIgnoringCase>;
-  /// Stores the content; the status that the change then has. With any but 0 the change is taken back.
+  /// Stores the content and returns a status. If that is not 0, the change is undone and returns the same status.
   using Store = std::function<Long(const Content&)>;
 
   explicit MapRegistry(Content stored = {}, Store store = nullptr)

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Loaded pictures and those that ship inside the program.
+// Loaded pictures and the program's built-in pictures.
 #pragma once
 
 #include <memory>
@@ -9,7 +9,7 @@
 
 namespace sorvex {
 
-/// A loaded picture. Who wants to keep more about one derives a class from it.
+/// A loaded picture. Derived classes hold data computed from its pixels.
 class PictureData {
  public:
   explicit PictureData(std::shared_ptr<const Bitmap> pixels) : pixels_(std::move(pixels)) {}
@@ -24,14 +24,14 @@ class PictureData {
   std::shared_ptr<const Bitmap> pixels_;
 };
 
-/// A picture object. Two pictures of the same content are different objects: identity is the pointer.
+/// A picture object; null: no picture. Compared by identity (pointer), not by content.
 using Picture = std::shared_ptr<const PictureData>;
 
 Picture MakePicture(Bitmap pixels);
-/// Another picture object of the same content; the two share their pixels.
+/// A different picture object with the same content; the two share their pixels.
 Picture MakeTwin(const Picture& picture);
 
-/// The pictures that ship inside the program.
+/// The program's built-in pictures.
 enum class BuiltIn {
   None,
   WindowIcon,

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What a front end remembers of a control, to know when to show it anew.
+// What a front end remembers about a control to detect changes.
 #pragma once
 
 #include <optional>
@@ -8,11 +8,11 @@
 
 namespace sorvex {
 
-/// The value that is shown of a property.
+/// The last shown value of a property.
 template <class T>
 class Shown {
  public:
-  /// True when `value` is not what is shown; from then on it counts as shown.
+  /// Stores `value` and returns whether it differs from the last one. The first value always does.
   bool Take(const T& value) {
     if (value_ == value) return false;
     value_ = value;
@@ -23,7 +23,7 @@ class Shown {
   std::optional<T> value_;
 };
 
-/// What tells that a surface has another image to show. Drawing on the same image is shown by a refresh.
+/// Identifies the image that a surface shows. Drawing on the same image changes nothing here; Refresh shows it.
 struct SurfaceLook {
   const Pixel* pixels;
   const PictureData* picture;

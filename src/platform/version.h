@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The program's one version record.
+// The program's version information, the only place where it is defined.
 #pragma once
 
 namespace sorvex::version {

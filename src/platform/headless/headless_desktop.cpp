@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Deliveries from a script, boxes that are noted down and closed, pictures made of a pattern.
+// Scripted event delivery, recorded boxes, generated pictures.
 #include "platform/headless/headless_desktop.h"
 
 #include <algorithm>
@@ -14,7 +14,7 @@ namespace sorvex {
 namespace {
 
 constexpr int kCharacterWidth = 8;
-constexpr int kLineHeight = 17;  // not what the designed labels measure, so that layout cannot lean on it
+constexpr int kLineHeight = 17;  // differs from the designed labels' height, so that no layout depends on it
 
 Size SizeOf(BuiltIn which) {
   switch (which) {

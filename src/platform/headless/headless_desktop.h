@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A front end without a window: time, deliveries, boxes and answers are what a test says, and what the game asked for
-// can be looked at afterwards.
+// A front end without windows, for tests: a test scripts time, event deliveries and answers to boxes, and can inspect
+// what the game requested.
 #pragma once
 
 #include <deque>
@@ -19,23 +19,23 @@
 
 namespace sorvex {
 
-/// Thrown by a delivery for which the script has nothing left: the story is over, whatever was waiting.
+/// Thrown by event delivery when the script is at its end; unwinds whatever was waiting.
 struct ScriptEnded {};
 
 class HeadlessDesktop : public Desktop {
  public:
-  /// `programFolder` is where the executable is said to lie.
+  /// `programFolder` is returned by ProgramFolder.
   explicit HeadlessDesktop(std::string programFolder) : programFolder_(std::move(programFolder)) {}
 
-  // What a test sets
-  /// While a window is shown, each delivery runs the first of these and drops it.
+  // Set by tests
+  /// While a window is shown, each event delivery removes and calls the first of these.
   std::deque<std::function<void()>> Script;
   Long Now = 1000000;                ///< the tick count
-  Long MillisecondsPerDelivery = 0;  ///< how far each delivery moves the tick count, before anything else
+  Long MillisecondsPerDelivery = 0;  ///< by how much each delivery first advances Now
   TwipRatio Twips;
   MapRegistry StoredRegistry;
   std::string Today = "03/14/26";
-  std::string Title = "Sorvex";  ///< the program's, in its version
+  std::string Title = "Sorvex";  ///< the title in Version
   ScreenPoint Pointer;
   bool KeepFrames = false;                   ///< collect Frames
   std::optional<RuntimeError> WriteFailure;  ///< what UpdateFile throws instead of writing
@@ -52,25 +52,25 @@ class HeadlessDesktop : public Desktop {
   };
   struct Wave {
     std::string path;
-    int afterFrames;  ///< how many frames had been shown by then
+    int afterFrames;  ///< the number of frames shown before it
   };
-  std::function<void(const Box&)> WhileBoxOpen;               ///< what happens before the box is closed
-  std::function<std::string()> TypeName = [] { return ""; };  ///< what the player types into an input box
+  std::function<void(const Box&)> WhileBoxOpen;               ///< called while a message box is open
+  std::function<std::string()> TypeName = [] { return ""; };  ///< returns the answer to an input box
 
-  /// The window and the form that take input now; there must be one.
+  /// The window that takes input now, which must exist, and its form.
   HeadlessWindow& FrontWindow() const { return *shown_.back(); }
   Form& Front() const { return FrontWindow().Controller.ShownForm(); }
 
-  // What the game did
+  // Recorded for tests
   std::vector<Box> Boxes;
   std::vector<Prompt> Prompts;
   std::vector<Wave> Waves;
   std::vector<std::string> PreparedWaves;
   std::vector<std::string> OpenedAddresses;
   int FramesShown = 0;
-  std::vector<Bitmap> Frames;  ///< with KeepFrames: every image that was shown
+  std::vector<Bitmap> Frames;  ///< if KeepFrames: every image that was shown
   int Deliveries = 0;
-  int Patience = 0;  ///< how long the last of them might have waited, milliseconds
+  int Patience = 0;  ///< the last delivery's patience, milliseconds
 
   void Show(Form& form, Form* owner) override;
   void DeliverEvents(int patience = 0) override;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A form's window without pixels: what its controller asked of it can be looked at.
+// A form's window without pixels, which records what its controller requested.
 #pragma once
 
 #include <algorithm>
@@ -18,10 +18,10 @@ class HeadlessWindow final : public FormView {
 
   FormController Controller;
   const Control* Focused = nullptr;
-  const CommandButton* Marked = nullptr;  ///< as the one that Enter means
+  const CommandButton* Marked = nullptr;  ///< the button drawn as the one that Enter activates
   std::string Caption;
   Size Client;
-  std::optional<int> Timer;  ///< milliseconds, when it was set
+  std::optional<int> Timer;  ///< milliseconds, as last set
 
  private:
   const Control* FocusedControl() const override { return Focused; }
@@ -39,7 +39,7 @@ class HeadlessWindow final : public FormView {
   }
   void SetTimer(std::optional<int> milliseconds) override { Timer = milliseconds; }
 
-  std::set<const Control*> made_;  // what a window would have been made for
+  std::set<const Control*> made_;  // the controls that a real window would have widgets for
 };
 
 }  // namespace sorvex

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Replaces a file by a complete new one: written beside it, flushed, renamed over it.
+// Atomic replacement: writes a temporary file in the same folder, flushes it, and renames it over the old one.
 #include "platform/posix/write_whole_file.h"
 
 #include <fcntl.h>
@@ -28,7 +28,7 @@ namespace fs = std::filesystem;
 
 constexpr mode_t kAnyWriteBit = S_IWUSR | S_IWGRP | S_IWOTH;
 constexpr mode_t kPermissionBits = 07777;
-constexpr int kMostLinks = 40;  // where Linux, too, gives a chain of links up
+constexpr int kMostLinks = 40;  // Linux's own limit for a chain of symbolic links
 
 RuntimeError ErrorOf(int code) {
   switch (code) {
@@ -90,10 +90,10 @@ class File {
   int descriptor_;
 };
 
-// A new file; gone again unless it was renamed.
+// A new file that is deleted unless it is renamed.
 class TemporaryFile {
  public:
-  /// nullopt and errno when nothing can be created in `folder`.
+  /// nullopt, with errno set, if no file can be created in `folder`.
   static std::optional<TemporaryFile> Create(const fs::path& folder, mode_t mode) {
     for (;;) {
       fs::path path = folder / TemporaryName();
@@ -114,7 +114,7 @@ class TemporaryFile {
 
   const File& Content() const { return file_; }
 
-  /// False and errno when it could not take the place of `target`.
+  /// Renames the file over `target`; false, with errno set, on failure.
   bool Rename(const fs::path& target) {
     if (::rename(path_.c_str(), target.c_str()) != 0) return false;
     path_.clear();
@@ -130,14 +130,14 @@ class TemporaryFile {
 
 fs::path FolderOf(const fs::path& path) { return path.has_parent_path() ? path.parent_path() : fs::path("."); }
 
-// Keeps other copies of the program out while it lives (flock(2) on the folder, which leaves no file behind). Where
-// that is not to be had, because the file system has no locks or because somebody stands still with it, it is done
-// without: a time that is saved twice at once may then be lost, but no player waits.
+// A lock on the folder against other copies of the program: flock(2) on the folder itself, which leaves no file behind.
+// If the file system has no locks, or another process holds it for too long, the save continues without it: losing one
+// of two times saved at the same moment is better than blocking the player.
 class FolderLock {
  public:
   explicit FolderLock(const fs::path& folder) : folder_(folder, O_RDONLY | O_DIRECTORY) {
     using namespace std::chrono_literals;
-    constexpr auto kPatience = 10s;  // a busy disk takes its time
+    constexpr auto kPatience = 10s;  // a save to a busy disk may take seconds
     const auto start = std::chrono::steady_clock::now();
     while (folder_.IsOpen() && ::flock(folder_.Descriptor(), LOCK_EX | LOCK_NB) != 0 &&
            (errno == EWOULDBLOCK || errno == EINTR) && std::chrono::steady_clock::now() - start < kPatience)
@@ -145,10 +145,10 @@ class FolderLock {
   }
 
  private:
-  File folder_;  // the lock goes when it is closed
+  File folder_;  // closing it releases the lock
 };
 
-// rename() would replace a link itself, so the last part of the path is followed here.
+// rename() would replace a symbolic link itself, so the last path component is resolved here.
 fs::path FollowLinks(fs::path path) {
   for (int links = 0; links <= kMostLinks; ++links) {
     std::error_code error;
@@ -166,17 +166,18 @@ std::optional<struct stat> Status(const fs::path& path) {
   throw ErrorOf(errno);
 }
 
-// The access list of `from`, as the system keeps it (acl(5)).
+// Copies the access control list (acl(5)) of `from`.
 void CopyAccessList(const fs::path& from, const File& to) {
   constexpr char kAttribute[] = "system.posix_acl_access";
   std::array<char, 1 << 16> list;
   const ssize_t size = ::getxattr(from.c_str(), kAttribute, list.data(), list.size());
-  if (size < 0 && errno == ENODATA) std::ignore = ::fremovexattr(to.Descriptor(), kAttribute);  // the folder's default
+  if (size < 0 && errno == ENODATA)
+    std::ignore = ::fremovexattr(to.Descriptor(), kAttribute);  // inherited from the folder
   if (size > 0) std::ignore = ::fsetxattr(to.Descriptor(), kAttribute, list.data(), static_cast<std::size_t>(size), 0);
 }
 
-// What the system refuses is let go: only root gives files away, others only to a group of their own, and shared mounts
-// of file systems without permissions take no mode.
+// Failures are ignored: only root may change the owner, other users only to one of their groups, and some file systems
+// have no permissions.
 void TakeOwnerAndMode(const File& file, const fs::path& path, const struct stat& old) {
   if (::fchown(file.Descriptor(), old.st_uid, old.st_gid) != 0)
     std::ignore = ::fchown(file.Descriptor(), static_cast<uid_t>(-1), old.st_gid);
@@ -185,18 +186,18 @@ void TakeOwnerAndMode(const File& file, const fs::path& path, const struct stat&
 }
 
 void FlushFolder(const fs::path& folder) {
-  // The file is in place by now. A folder that cannot be flushed leaves the old file or the new one after a power cut.
+  // Failures are ignored: the file is replaced already, and after a power cut either the old or the new one is there.
   const File handle(folder, O_RDONLY | O_DIRECTORY);
   if (handle.IsOpen()) ::fsync(handle.Descriptor());
 }
 
 bool MeansOverwrite(int error) { return error == EACCES || error == EPERM || error == EROFS || error == EBUSY; }
 
-// False when `old` has to be overwritten where it stands.
+// Returns false if the file `old` cannot be replaced and must be overwritten in place.
 bool ReplaceFile(const fs::path& target, const std::optional<struct stat>& old, std::string_view bytes) {
   const fs::path folder = FolderOf(target);
-  // Made with the old permission bits, for mounts that refuse to change them later; a new file gets what the user's
-  // umask leaves.
+  // Created with the old file's permission bits, because some mounts refuse to change them later; without an old file
+  // the user's umask applies.
   const mode_t anybody = S_IRUSR | S_IRGRP | S_IROTH | kAnyWriteBit;
   const mode_t umaskBefore = ::umask(0);
   std::optional<TemporaryFile> fresh =

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Roles, names and press actions of forms, images and links, and the order in which their controls are read.
+// Roles, names and press actions of forms, images and links, and the reading order of their controls.
 #include "platform/qt/accessibility.h"
 
 #include <QAccessible>
@@ -18,8 +18,7 @@ namespace {
 
 QString KeyOf(const Command& command) { return QStringLiteral("F%1").arg(command.FunctionKey); }
 
-/// An image or label that answers to a click. An image's first command is the click's, the others are actions of their
-/// own.
+/// A clickable image or label. An image's first command is its press action, the others are additional actions.
 class Pressable final : public QAccessibleWidget {
  public:
   Pressable(ControlWidget& control, QAccessible::Role role, const std::string& name)
@@ -44,7 +43,7 @@ class Pressable final : public QAccessibleWidget {
   }
 
   void doAction(const QString& action) override {
-    // Not at once: the handler may open a box, and the caller waits for an answer.
+    // Queued, because the handler may open a modal box while the caller waits for a reply.
     if (action == pressAction())
       QMetaObject::invokeMethod(
           widget(), [&control = control_] { control.Click(); }, Qt::QueuedConnection);
@@ -64,7 +63,7 @@ class Pressable final : public QAccessibleWidget {
   std::vector<Command> commands_;
 };
 
-/// A form or surface: its controls come in the order in which one reads them, not in the order of stacking.
+/// A form or surface, whose children are listed in reading order, not in stacking order.
 class Readable final : public QAccessibleWidget {
  public:
   Readable(FormWindow& window, QWidget& widget, const PictureBox* surface, QAccessible::Role role)

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
-// What assistive technology is told beyond what the toolkit knows of its own widgets.
+// Accessible interfaces for the widgets that Qt does not describe by itself.
 #pragma once
 
 namespace sorvex {
 
-/// Makes windows, images and clickable labels known with their roles, names and press actions; once, after the
-/// application object was made.
+/// Registers accessible interfaces (role, name, press action, reading order) for forms, surfaces, images and clickable
+/// labels. Call once, after the application object was created.
 void InstallAccessibility();
 
 }  // namespace sorvex

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Delivering events.
+// Catching exceptions from event delivery.
 #include "platform/qt/application.h"
 
 #include <QThread>
@@ -10,7 +10,7 @@ bool Application::notify(QObject* receiver, QEvent* event) {
   try {
     return QApplication::notify(receiver, event);
   } catch (...) {
-    // Other threads deliver their events here too, and know no handlers: of theirs nobody is told.
+    // Other threads' events are delivered here too; their exceptions are dropped, because they belong to no handler.
     if (QThread::currentThread() == thread()) handlers_.Failed();
     return true;
   }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The one entry of the toolkit into this program.
+// The application object, which catches exceptions from event delivery.
 #pragma once
 
 #include <QApplication>
@@ -8,7 +8,7 @@
 
 namespace sorvex {
 
-/// No exception crosses the toolkit's frames: what leaves an event's delivery is the handlers' to report.
+/// Exceptions must not pass through Qt's stack frames: notify() catches them and passes them to the Handlers.
 class Application final : public QApplication {
  public:
   Application(int& argc, char** argv, Handlers& handlers) : QApplication(argc, argv), handlers_(handlers) {}

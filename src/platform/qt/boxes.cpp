@@ -35,10 +35,10 @@ MessageDialog::MessageDialog(const std::string& text, const std::string& title, 
     const QSize size = metrics.size(Qt::TextExpandTabs, sorvex::ToQt(std::string(line)));
     return Size{size.width(), size.height()};
   };
-  // The toolkit itself breaks no line of up to 390 pixels; it breaks longer ones where it likes.
+  // Qt itself wraps only lines longer than 390 pixels, but not as this program wants.
   const QSize room = screen()->availableSize();
   setText(sorvex::ToQt(BoxText(text, {std::min(room.width() / 3, 390), room.height()}, measure)));
-  // Assistive technology reads the whole.
+  // Assistive technology gets the full text.
   if (auto* label = findChild<QLabel*>(QStringLiteral("qt_msgbox_label"))) label->setAccessibleName(sorvex::ToQt(text));
   setWindowModality(Qt::ApplicationModal);
 }

@@ -32,7 +32,7 @@ QByteArray BytesOf(BuiltIn which) {
   return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-// Every image of the file, richest colours first among those of one size.
+// All images of the file; among those of one size the one with most colors comes first.
 std::vector<QImage> ImagesIn(QByteArray bytes) {
   QBuffer buffer(&bytes);
   QImageReader reader(&buffer);
@@ -69,7 +69,8 @@ QCursor BuiltInCursor(BuiltIn which) {
   const QByteArray bytes = BytesOf(which);
   const std::vector<QImage> images = ImagesIn(bytes);
   if (images.empty()) return Qt::ArrowCursor;
-  // The first entry of a cursor's directory starts at byte 6 and holds the hot spot in the place of an icon's planes.
+  // The first directory entry starts at byte 6; in a cursor file it holds the hot spot where an icon file has the
+  // planes.
   constexpr int kHotSpotX = 10;
   constexpr int kHotSpotY = 12;
   return QCursor(QPixmap::fromImage(images.front()), bytes.at(kHotSpotX), bytes.at(kHotSpotY));

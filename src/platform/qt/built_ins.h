@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The pictures that ship inside the program, as Qt reads them.
+// The program's built-in pictures, icons and cursors as Qt objects.
 #pragma once
 
 #include <QCursor>
@@ -11,11 +11,10 @@
 
 namespace sorvex {
 
-/// Of the picture's images the one that stands `size` device pixels best: the smallest that is not smaller, else the
-/// largest.
+/// The picture's best image for `size` (device pixels): the smallest that is not smaller than `size`, else the largest.
 QImage BuiltInImage(BuiltIn which, QSize size);
 QIcon BuiltInIcon(BuiltIn which);
-/// The pointer shape with its hot spot; None is the arrow.
+/// The cursor with its hot spot; for None the arrow.
 QCursor BuiltInCursor(BuiltIn which);
 
 }  // namespace sorvex

@@ -38,7 +38,7 @@ void AllowFocus(QWidget& widget, const Control& control) {
   widget.setFocusPolicy(control.TabIndex >= 0 ? Qt::StrongFocus : Qt::NoFocus);
 }
 
-// False while a modal box or form is in front: assistive technology presses without asking.
+// False while a modal box or form is open, which assistive technology does not check before pressing.
 bool TakesInput(const QWidget& widget) {
   const QWidget* modal = QApplication::activeModalWidget();
   return modal == nullptr || modal == widget.window();
@@ -77,7 +77,7 @@ class SurfaceWidget final : public PointerArea, public ControlWidget {
   }
 
   void PaintFrame(QPainter& painter, const QRect& inner) const {
-    // Between a scaled frame and its image a row of device pixels may belong to neither.
+    // With fractional scaling a row of device pixels between frame and image may belong to neither.
     painter.fillRect(inner.adjusted(0, 0, 1, 1) & rect(), QColor(223, 223, 223));
     if (control_.BorderStyle == Frame::Flat) PaintEdge(painter, rect(), Qt::black, Qt::black);
     if (control_.BorderStyle != Frame::Sunken) return;
@@ -85,7 +85,7 @@ class SurfaceWidget final : public PointerArea, public ControlWidget {
     PaintEdge(painter, rect().adjusted(1, 1, -1, -1), QColor(64, 64, 64), QColor(223, 223, 223));
   }
 
-  // One pixel all round, the corners at the top right and bottom left in the lower colour.
+  // A 1-pixel border; the top-right and bottom-left corners have the lower color.
   static void PaintEdge(QPainter& painter, const QRect& r, const QColor& upper, const QColor& lower) {
     painter.fillRect(r.left(), r.top(), r.width() - 1, 1, upper);
     painter.fillRect(r.left(), r.top(), 1, r.height() - 1, upper);
@@ -108,7 +108,7 @@ class SurfaceWidget final : public PointerArea, public ControlWidget {
       PaintScaled(painter, image, source, inner.topLeft());
   }
 
-  // The toolkit's own scaling may choose a neighbouring pixel; a pointer place must mean what is seen there.
+  // Not Qt's own scaling, which may choose a neighboring pixel: a pointer position must refer to the pixel seen there.
   void PaintScaled(QPainter& painter, const QImage& image, const QRect& source, QPoint corner) {
     const double scale = devicePixelRatioF();
     const QPoint origin = mapTo(window(), corner);
@@ -142,8 +142,8 @@ class SurfaceWidget final : public PointerArea, public ControlWidget {
   Shown<SurfaceLook> look_;
   Shown<std::string> name_;
   QImage scaled_;
-  std::vector<int> columns_;  // for each of scaled_: the image's
-  bool paintOwed_ = false;    // painted while no handler could run: the Paint event is still to come
+  std::vector<int> columns_;  // for each column of scaled_: the image's column
+  bool paintOwed_ = false;    // painted while no handler could run: the Paint event is deferred
 };
 
 class ButtonWidget final : public QPushButton, public ControlWidget {
@@ -171,7 +171,7 @@ class ButtonWidget final : public QPushButton, public ControlWidget {
  protected:
   bool event(QEvent* event) override {
     if (event->type() != QEvent::Shortcut) return QPushButton::event(event);
-    // The toolkit would show the button pressed for a tenth of a second before the click.
+    // Not animateClick, which would delay the click by 100 ms.
     setFocus(Qt::ShortcutFocusReason);
     click();
     return true;
@@ -180,14 +180,14 @@ class ButtonWidget final : public QPushButton, public ControlWidget {
   void paintEvent(QPaintEvent* event) override {
     QPushButton::paintEvent(event);
     if (!hasFocus()) return;
-    // The toolkit's own mark is the one of the button for Enter.
+    // Qt marks only the default button, not the focused one.
     QPainter painter(this);
     painter.setPen(QPen(palette().color(QPalette::ButtonText), 1, Qt::DotLine));
     painter.drawRect(rect().adjusted(3, 3, -4, -4));
   }
 
   void keyPressEvent(QKeyEvent* event) override {
-    // The window decides what Enter means.
+    // The form's window handles Enter.
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
       event->ignore();
     else
@@ -200,7 +200,7 @@ class ButtonWidget final : public QPushButton, public ControlWidget {
   Shown<std::string> toolTip_;
 };
 
-/// Something drawn on its container: pointer events go through it.
+/// A widget painted on its container and transparent for pointer events.
 template <class Base>
 class Drawn : public Base, public ControlWidget {
  public:
@@ -258,7 +258,7 @@ class LabelWidget final : public Drawn<QLabel> {
     bool operator==(const Style&) const = default;
   };
 
-  // An auto-size label shows its whole text even before its size was set to it.
+  // An auto-size label shows its whole text even before it was resized to it.
   void MeasureText() {
     textSize_ = QSize(0, 0);
     if (!control_.AutoSize) return;
@@ -393,7 +393,7 @@ class ListWidget final : public QListWidget, public ControlWidget {
  protected:
   void focusInEvent(QFocusEvent* event) override {
     QListWidget::focusInEvent(event);
-    // The toolkit makes the first row the current one without selecting it: it would look chosen, and Down go past it.
+    // Qt makes the first row current without selecting it: it would look selected, and Down would skip it.
     if (SelectedRow() < 0) setCurrentRow(-1);
   }
 

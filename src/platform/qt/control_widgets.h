@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// One widget for each control that is shown. A widget shows what its control says whenever it is synchronised.
+// The widgets of shown controls. Sync updates a widget from its control.
 #pragma once
 
 #include <QWidget>
@@ -19,22 +19,22 @@ class ControlWidget {
 
   Control& Subject() const { return subject_; }
   virtual QWidget& Widget() = 0;
-  /// Takes over what changed in the control since the last time; cheap when nothing did.
+  /// Applies the control's changes since the last call; cheap if there are none.
   virtual void Sync() = 0;
-  /// Buttons, surfaces and lists lie in front of the labels and images of their container.
+  /// True for buttons, surfaces and lists, which are stacked above the labels and images of their container.
   virtual bool IsWindowed() const { return true; }
-  /// A click on what is no button, by assistive technology.
+  /// Clicks an image or label on behalf of assistive technology.
   virtual void Click() {}
   /// Runs one of an image's commands.
   virtual void Do(const Command& /*command*/) {}
-  /// A button shows that Enter means it.
+  /// Makes a button look like the one that Enter activates, or not.
   virtual void MarkForEnter(bool /*marked*/) {}
 
  private:
   Control& subject_;
 };
 
-/// A new widget, owned by `parent`; null for a control that is never seen (a timer).
+/// A new widget, owned by `parent`; null for an invisible control (a timer).
 ControlWidget* MakeControlWidget(Control& control, FormContext& context, QWidget* parent);
 
 }  // namespace sorvex

@@ -21,14 +21,14 @@ namespace sorvex {
 namespace {
 
 Qt::WindowFlags FlagsOf(const Form& form, bool owned) {
-  // A tool window stays off the task bar; dialogs do as their owner's.
+  // Tool windows have no taskbar entry; dialogs share their owner's.
   Qt::WindowFlags flags = !owned ? Qt::Window : form.Border == FormBorder::FixedToolWindow ? Qt::Tool : Qt::Dialog;
   flags |= Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint;
   if (form.MinButton) flags |= Qt::WindowMinimizeButtonHint;
   return flags;
 }
 
-// Without one a window would be shown with its owner's, by the toolkit and by window managers.
+// A transparent icon. A window without any icon would get its owner's, from Qt and from window managers.
 QIcon UnseenIcon() {
   QPixmap pixels(16, 16);
   pixels.fill(Qt::transparent);
@@ -52,7 +52,7 @@ void FormWindow::Open() {
   controller_.FocusFirst();
   if (context_.form.CenterOnOwner && owner_ != nullptr) CenterOnOwner();
   show();
-  // The window manager is at work meanwhile, so this does not delay the first paint.
+  // Loaded only now, while the window manager maps the window, so that it does not delay the first paint.
   setWindowIcon(context_.form.Icon == BuiltIn::None ? UnseenIcon() : BuiltInIcon(context_.form.Icon));
   windowHandle()->installEventFilter(this);
   controller_.Moved(geometry().left(), geometry().top());
@@ -64,7 +64,7 @@ QWidget* FormWindow::WidgetOf(const Control& control) const {
 }
 
 void FormWindow::SetCaption(const std::string& caption) {
-  // "[*]" in a title is the toolkit's mark for a changed document, unless it is doubled.
+  // Qt treats "[*]" in a title as the modified-document placeholder; doubling escapes it.
   setWindowTitle(ToQt(caption).replace(QLatin1String("[*]"), QLatin1String("[*][*]")));
 }
 
@@ -170,7 +170,7 @@ bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
   if (mouse != nullptr && watched == windowHandle()) context_.pointerInWindow = mouse->position();
   if (type == QEvent::FocusIn || type == QEvent::FocusOut) {
     controller_.FocusChanged();
-    update();  // for the ring
+    update();  // repaints the focus rectangle
   }
   return PointerArea::eventFilter(watched, event);
 }

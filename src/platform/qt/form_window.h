@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The top-level window of one shown form: mirrors the form's controls and tells its controller what happens.
+// The native window of a shown form: mirrors the form's controls and reports events to its FormController.
 #pragma once
 
 #include <QTimer>
@@ -16,13 +16,13 @@ namespace sorvex {
 
 class FormWindow final : public PointerArea, private FormView {
  public:
-  /// With an owner the window is modal and closes before it.
+  /// With an owner (may be null) the window is modal and closes before it.
   FormWindow(std::unique_ptr<FormContext> context, FormWindow* owner);
 
   FormController& Controller() { return controller_; }
-  /// The window appears, the first control in tab order has the focus.
+  /// Shows the window and moves the focus to the first control in tab order.
   void Open();
-  /// The widget of a control that is or was shown, else null.
+  /// The control's widget; null if the control has never been shown.
   QWidget* WidgetOf(const Control& control) const;
 
  protected:

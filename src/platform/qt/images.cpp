@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Converting between pixel memory and Qt's images, reading bitmap files and writing PNG files.
+// Conversion between Bitmap and QImage, decoding bitmap files and encoding PNG files.
 #include "platform/qt/images.h"
 
 #include <QBuffer>
@@ -46,14 +46,14 @@ std::uint32_t DoubleWord(std::string_view bytes, std::size_t at) {
   return value;
 }
 
-// What an info header (BITMAPINFOHEADER, wingdi.h) says; 0 in files without one.
+// Fields of the info header (BITMAPINFOHEADER, wingdi.h); 0 in files without one.
 struct InfoHeader {
   explicit InfoHeader(std::string_view bytes) {
     if (bytes.size() < kMasks || DoubleWord(bytes, 14) < 40) return;
     bitsPerPixel = DoubleWord(bytes, 28) & 0xFFFF;
     compression = DoubleWord(bytes, 30);
   }
-  static constexpr std::size_t kMasks = 54;  // where the masks stand that say which bits a channel has
+  static constexpr std::size_t kMasks = 54;  // offset of the channels' bit masks
   std::uint32_t bitsPerPixel = 0;
   std::uint32_t compression = 0;
 };
@@ -65,7 +65,7 @@ bool IsRunLengthEncoded(std::string_view bytes) {
   return compression == kRle8 || compression == kRle4;
 }
 
-// How many bits of a pixel each channel (red, green, blue) has in a file of 16 bits a pixel; none for other files.
+// The number of bits of each channel (red, green, blue) in a file with 16 bits per pixel; nullopt for other files.
 std::optional<std::array<int, 3>> ChannelBits(std::string_view bytes) {
   constexpr std::uint32_t kBitFields = 3;
   const InfoHeader header(bytes);
@@ -76,8 +76,8 @@ std::optional<std::array<int, 3>> ChannelBits(std::string_view bytes) {
   return bits;
 }
 
-// The reader widens a channel of 16-bit pixels with zeros, so that white would not be white. As Windows has it, the
-// highest bits are repeated below the lowest.
+// Qt expands the channels of 16-bit pixels to 8 bits with zeros, so that white would not stay white. Like Windows, this
+// fills the low bits with copies of the high ones.
 void WidenChannels(Bitmap& pixels, const std::array<int, 3>& bits) {
   std::for_each_n(pixels.Row(0), pixels.Pixels().size(), [&](Pixel& pixel) {
     Pixel widened = 0;
@@ -91,13 +91,13 @@ void WidenChannels(Bitmap& pixels, const std::array<int, 3>& bits) {
   });
 }
 
-// A reader of the file; it decodes into the image that it is given, where that has the size and form it wants.
+// A bitmap decoder. It decodes into the given image if that has the decoder's size and format.
 class BmpReader {
  public:
   explicit BmpReader(std::string_view bytes)
       : bytes_(QByteArray::fromRawData(bytes.data(), static_cast<qsizetype>(bytes.size()))), buffer_(&bytes_) {}
 
-  // Of a file whose rows go from top to bottom the toolkit's reader names the negative height of the header.
+  // For top-down files QImageReader returns the header's negative height.
   QSize Size() const { return {reader_.size().width(), std::abs(reader_.size().height())}; }
   bool Read(QImage& image) { return reader_.read(&image); }
 
@@ -107,8 +107,8 @@ class BmpReader {
   QImageReader reader_{&buffer_, "BMP"};
 };
 
-// Runs may leave pixels out, and the reader does not write them: they are what differs between a reading onto zeros and
-// one onto ones. They are black.
+// Run-length encoding may skip pixels, which the decoder does not write. To find them, decode twice, onto zeros and
+// onto ones: pixels that differ were skipped, and become black.
 std::optional<Bitmap> ReadRuns(std::string_view bytes, QSize size) {
   QImage onZeros(size, QImage::Format_Indexed8);
   QImage onOnes(size, QImage::Format_Indexed8);
@@ -129,7 +129,7 @@ std::optional<Bitmap> ReadRows(std::string_view bytes, QSize size) {
   Bitmap pixels = Bitmap::Unpainted({size.width(), size.height()});
   QImage image = ViewOf(pixels);
   if (!BmpReader(bytes).Read(image)) return std::nullopt;
-  // A file of another form, one with a palette, was decoded into an image of the reader's own.
+  // If the file's format differs (it has a palette), the decoder replaced the image by one of its own.
   if (image.constBits() != reinterpret_cast<const uchar*>(pixels.Row(0))) return CopyOf(image);
   return pixels;
 }

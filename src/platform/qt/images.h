@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Pixel memory as Qt's images, and images as pixel memory.
+// Conversion between Bitmap and QImage.
 #pragma once
 
 #include <QImage>
@@ -8,10 +8,10 @@
 
 namespace sorvex {
 
-/// Qt's view of the pixels; it reads, and may write, the memory of `bitmap`, which must outlive it.
+/// A QImage that shares the memory of `bitmap`, which must outlive it; writing to the image writes to the bitmap.
 QImage ViewOf(const Bitmap& bitmap);
 QImage ViewOf(Bitmap& bitmap);
-/// A copy of the image's colours; its transparency is dropped.
+/// A copy of the image; transparency is dropped.
 Bitmap CopyOf(const QImage& image);
 
 }  // namespace sorvex

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Native pointer events as the core's PointerInput wants them.
+// Translates native pointer events to calls of PointerInput.
 #include "platform/qt/pointer_area.h"
 
 #include <QHelpEvent>
@@ -13,7 +13,7 @@
 namespace sorvex {
 namespace {
 
-// 0 for a button that the game does not know.
+// 0 for buttons that the game does not use.
 Integer ButtonOf(const QMouseEvent& event) {
   switch (event.button()) {
     case Qt::LeftButton: return kLeftButton;
@@ -92,7 +92,7 @@ void PointerArea::Release(const QMouseEvent& event) {
 
 QPoint PointerArea::PointerPlace() const {
   const double scale = devicePixelRatioF();
-  // The toolkit divided whole device pixels by the scale; the tolerance undoes what that rounded off.
+  // Qt divides whole device pixels by the scale; the tolerance compensates for the rounding error.
   constexpr double kTolerance = 1.0 / 64;
   const auto seenAt = [scale](double logical) {
     return LogicalPixel(static_cast<int>(std::floor(logical * scale + kTolerance)), scale);
@@ -123,7 +123,7 @@ bool PointerArea::ShowToolTip(const QHelpEvent& event) {
   } else {
     control = surface_;
   }
-  // An empty text hides the tip that is shown.
+  // An empty text hides the tool tip.
   QToolTip::showText(event.globalPos(), control == nullptr ? QString() : ToQt(control->ToolTipText), this, where);
   return true;
 }

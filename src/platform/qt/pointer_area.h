@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A widget whose pointer events are a form's or a picture surface's: presses, movements, releases, tool tips, shapes.
+// A widget that receives the pointer events of a form or picture surface, and shows tool tips and cursors.
 #pragma once
 
 #include <QPoint>
@@ -16,19 +16,19 @@ class QMouseEvent;
 
 namespace sorvex {
 
-/// What the widgets of one shown form share.
+/// State shared by the widgets of one shown form.
 struct FormContext {
   Form& form;
   Desktop& desktop;
   Handlers& handlers;
   PointerInput pointer{form};
-  /// Where in the window the pointer event that is delivered happened. The event's own place there may be overwritten
-  /// by an Enter event that is sent on its way, and its place in the widget is rounded.
+  /// The position in the window of the pointer event being delivered, in logical pixels. The event's own copy may be
+  /// overwritten by a nested Enter event, and its position in the widget is rounded.
   QPointF pointerInWindow{};
 };
 
-/// The logical pixel that is seen at a device pixel. Images are scaled by the same rule, so that the pointer always
-/// means the pixel under it.
+/// The logical pixel shown at a device pixel. Images are scaled by the same rule, so that the pointer always refers to
+/// the pixel under it.
 int LogicalPixel(int devicePixel, double scale);
 
 class PointerArea : public QWidget {
@@ -36,11 +36,11 @@ class PointerArea : public QWidget {
   /// `surface` is null for the form itself.
   PointerArea(FormContext& context, PictureBox* surface, QWidget* parent, Qt::WindowFlags flags = {});
 
-  /// The form's pointer is taken away.
+  /// Handles loss of the form's pointer capture.
   void LosePointer();
 
  protected:
-  /// The same when events are delivered next: the window system also takes it while a window is brought up to date.
+  /// The same at the next event delivery, because the capture may also be lost while a window is being synchronized.
   void LosePointerSoon();
   bool event(QEvent* event) override;
 
@@ -50,7 +50,7 @@ class PointerArea : public QWidget {
   void Press(const QMouseEvent& event);
   void Move(const QMouseEvent& event);
   void Release(const QMouseEvent& event);
-  /// The pixel of the drawing area that the delivered pointer event happened at.
+  /// The position of the pointer event being delivered, in pixels of the drawing area.
   QPoint PointerPlace() const;
   void ShowShapeAt(QPoint place);
   bool ShowToolTip(const QHelpEvent& event);

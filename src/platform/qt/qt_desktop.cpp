@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Windows and waits, and the desktop's services.
+// Windows, event delivery, modal waits and services.
 #include "platform/qt/qt_desktop.h"
 
 #include <QAbstractEventDispatcher>
@@ -35,7 +35,7 @@
 namespace sorvex {
 namespace {
 
-/// The toolkit's own look without pictures on the buttons of boxes.
+/// Qt's own style without icons on the buttons of boxes.
 class Look final : public QProxyStyle {
  public:
   Look() : QProxyStyle(QStringLiteral("Fusion")) {}
@@ -47,7 +47,7 @@ class Look final : public QProxyStyle {
   }
 };
 
-// The same look on every desktop, in its light or dark colours.
+// Selects the same style on every desktop, in the desktop's light or dark colors.
 void ChooseLook() {
   auto* style = new Look;
   QApplication::setStyle(style);
@@ -55,7 +55,7 @@ void ChooseLook() {
   QApplication::setFont(ToQt(Font{"Arial", 9.75F, 400, false}));
 }
 
-// The first use of a font makes the toolkit look through the system's: meanwhile the theme can be read.
+// Qt enumerates the system's fonts when the first one is used; do that on another thread while the theme is read.
 void FindFontsMeanwhile() {
   QThreadPool::globalInstance()->start([font = QApplication::font()] { QFontMetrics(font).height(); });
 }
@@ -68,7 +68,7 @@ struct QtDesktop::ShownForm {
   QEventLoop* loop = nullptr;
 };
 
-/// The session manager ends programs with a quit request.
+/// Handles the session manager's request to quit.
 class QtDesktop::SessionEnd final : public QObject {
  public:
   explicit SessionEnd(QtDesktop& desktop) : desktop_(desktop) { qApp->installEventFilter(this); }
@@ -92,17 +92,17 @@ QtDesktop::QtDesktop(int& argc, char** argv)
       signals_([this] { EndSession(); }) {
   patience_.setSingleShot(true);
   patience_.setTimerType(Qt::PreciseTimer);
-  // Every queued movement is delivered.
+  // Deliver every queued move.
   QCoreApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, false);
   QCoreApplication::setAttribute(Qt::AA_CompressTabletEvents, false);
-  // A message may be shown and closed while there is no window yet.
+  // A message box may be shown and closed while there is no other window.
   QApplication::setQuitOnLastWindowClosed(false);
   ChooseLook();
   FindFontsMeanwhile();
   InstallAccessibility();
 }
 
-// Fonts can be looked for only while there is an application.
+// The font enumeration must finish while the application object exists.
 QtDesktop::~QtDesktop() { QThreadPool::globalInstance()->waitForDone(); }
 
 QtDesktop::ShownForm* QtDesktop::Find(const Form* form) const {
@@ -126,7 +126,7 @@ void QtDesktop::Show(Form& form, Form* owner) {
   shown->loop = &loop;
   const Finally close([&] {
     shown->loop = nullptr;
-    // An error that leaves the main form, still loaded, is reported over its window, and the form shown again.
+    // After an exception the main form stays loaded: keep its window, so that the error is shown above it.
     if (owner != nullptr || !form.Loaded || handlers_.Ended()) Remove(form);
   });
   Wait(loop, [shown] { shown->window.Open(); });
@@ -150,7 +150,7 @@ void QtDesktop::Refresh(PictureBox& surface, std::span<const Rectangle> changed)
   for (const auto& shown : shown_) {
     QWidget* widget = shown->window.WidgetOf(surface);
     if (widget == nullptr) continue;
-    // At a broken scale the toolkit leaves out device pixels at a region's edges that show a pixel inside it.
+    // With fractional scaling Qt does not repaint device pixels at a region's edges that belong to it only in part.
     const double scale = widget->devicePixelRatioF();
     const int margin = scale == std::floor(scale) ? 0 : 1;
     const int corner = FrameWidth(surface.BorderStyle) - margin;
@@ -180,7 +180,7 @@ void QtDesktop::Sync() {
 }
 
 void QtDesktop::Wait(QEventLoop& loop, const std::function<void()>& begin) {
-  // What the loss of the pointer throws must not take the place of what is to be shown, which may tell of an error.
+  // An exception from losing the pointer is rethrown after the box, which may report an earlier error.
   const std::exception_ptr late = handlers_.Attempt([this] {
     for (std::size_t i = 0; i < shown_.size(); ++i) shown_[i]->window.LosePointer();
   });
@@ -217,7 +217,7 @@ Size QtDesktop::MeasureText(const Font& font, const std::string& text, int wrapW
 Pixel QtDesktop::ResolveColor(Color color) { return Resolve(color); }
 
 TwipRatio QtDesktop::TwipsPerPixel() {
-  // The toolkit scales its pixels by what the screen asks for, so one is always 1/96 inch.
+  // Qt scales logical pixels to the screen's resolution, so that one is always 1/96 inch.
   return {15, 15};
 }
 
@@ -243,7 +243,7 @@ std::string QtDesktop::ShortDate() {
 }
 
 std::string QtDesktop::ProgramFolder() {
-  // Not from the toolkit, which loses a path that is no valid UTF-8.
+  // Not from Qt, which cannot represent a path that is not valid UTF-8.
   std::error_code unknown;
   const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", unknown);
   if (!unknown) return program.parent_path().string();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The desktop as Qt 6 gives it.
+// The Desktop implementation for Qt 6.
 #pragma once
 
 #include <QTimer>
@@ -64,7 +64,7 @@ class QtDesktop final : public Desktop {
   Handlers handlers_;
   Application application_;
   std::vector<std::unique_ptr<ShownForm>> shown_;  // innermost last
-  QTimer patience_;                                // ends a wait for events
+  QTimer patience_;                                // ends blocking event delivery
   Sounds sounds_;
   std::unique_ptr<Registry> registry_;
   std::unique_ptr<SessionEnd> sessionEnd_;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The thread that plays sounds, and loading the library that it plays them with, late and once.
+// The sound thread, and loading the playback library on it.
 #include "platform/qt/sounds.h"
 
 #include <dlfcn.h>
@@ -21,7 +21,7 @@ namespace {
 using Clock = std::chrono::steady_clock;
 using namespace std::chrono_literals;
 
-// A sound that comes later belongs to nothing that is seen.
+// A later sound would no longer match what is on the screen.
 constexpr auto kLatest = 500ms;
 
 void RingBellSoon() {
@@ -29,7 +29,7 @@ void RingBellSoon() {
       qApp, [] { QApplication::beep(); }, Qt::QueuedConnection);
 }
 
-// Runs the task on the worker's thread. Where memory runs out there, the bell stands for what is missing.
+// Runs the task on the worker's thread. If it runs out of memory, rings the bell instead.
 template <class Task>
 void Post(QObject* worker, Task task) {
   const auto guarded = [task = std::move(task)] {
@@ -42,7 +42,7 @@ void Post(QObject* worker, Task task) {
   QMetaObject::invokeMethod(worker, guarded, Qt::QueuedConnection);
 }
 
-// Takes down nothing that a thread left behind may use.
+// Exits without destroying anything that an abandoned thread may use.
 void LeaveProcess(int status, void* /*unused*/) {
   std::fflush(nullptr);
   ::_exit(status);
@@ -50,21 +50,21 @@ void LeaveProcess(int status, void* /*unused*/) {
 
 }  // namespace
 
-/// What the thread does. All but `newest` is its own.
+/// The sound thread's object. Other threads access only `newest`.
 class Sounds::Worker final : public QObject {
  public:
   void Load();
   void Prepare(std::span<const std::string> paths);
   void Play(const std::string& path, int request, Clock::time_point asked);
 
-  std::atomic<int> newest = 0;  // request; older ones are superseded
+  std::atomic<int> newest = 0;  // number of the newest request; older ones are superseded
 
  private:
   std::unique_ptr<WavePlayer> player_;  // null: not loaded
 };
 
 void Sounds::Worker::Load() {
-  // It stays loaded: its code runs to the very end.
+  // Never unloaded: its code runs until the process ends.
   void* library = ::dlopen("libsorvex-sounds.so", RTLD_NOW);
   void* make = library == nullptr ? nullptr : ::dlsym(library, "MakeSorvexWavePlayer");
   if (make == nullptr) {
@@ -87,7 +87,7 @@ Sounds::Sounds() : thread_(std::make_unique<QThread>()), worker_(new Worker) {
   worker_->moveToThread(thread_.get());
   QObject::connect(thread_.get(), &QThread::finished, worker_, &QObject::deleteLater);
   Post(worker_, [worker = worker_] { worker->Load(); });
-  // From the first theme's loading on; the window is painted by then.
+  // Delay after the first theme is loaded, by when the window is painted.
   constexpr auto kStartUp = 100ms;
   starting_.setInterval(kStartUp);
   starting_.setSingleShot(true);
@@ -95,7 +95,7 @@ Sounds::Sounds() : thread_(std::make_unique<QThread>()), worker_(new Worker) {
 }
 
 Sounds::~Sounds() {
-  constexpr unsigned long kPatience = 100;  // milliseconds; more than it takes unless the sound server hangs
+  constexpr unsigned long kPatience = 100;  // milliseconds; enough unless the sound server hangs
   if (!thread_->isRunning()) {
     delete worker_;
     return;

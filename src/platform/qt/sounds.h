@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// Sounds without delay to anything else. The code that plays them, and the many libraries it needs, are loaded from a
-// library beside the program once the window is painted. It runs on a thread of its own, since a sound server may take
-// its time to answer, or never do.
+// Asynchronous sound playback. It runs on a separate thread, because a sound server may answer late or never. The
+// playback code and the libraries it needs are in a shared library beside the program, which is loaded once the window
+// is painted.
 #pragma once
 
 #include <QThread>
@@ -16,17 +16,17 @@ namespace sorvex {
 class Sounds {
  public:
   Sounds();
-  /// Waits for no sound and no sound server: where the thread does not end at once, it is left behind, and the process
-  /// ends without what it might still use being taken down.
+  /// Does not wait for sounds or the sound server: if the thread does not end within 100 ms, it is abandoned, and the
+  /// process later exits without running destructors of objects that it may still use.
   ~Sounds();
   Sounds(const Sounds&) = delete;
   Sounds& operator=(const Sounds&) = delete;
 
-  /// Keeps these files loaded and no others, from soon on.
+  /// Asynchronously preloads these files and unloads all others.
   void Prepare(std::span<const std::string> paths);
-  /// Asks for the file to be played from its start, and is content with silence when that takes too long or a newer
-  /// sound is asked for meanwhile. A file that cannot be played, or any when the library cannot be loaded, gives the
-  /// desktop's bell; without an audio device there is silence.
+  /// Requests playback of the file from its start. The request is dropped if it is late by half a second or superseded
+  /// by a newer one. The desktop's bell replaces files that cannot be played, and all sounds if the library cannot be
+  /// loaded; without an audio device there is silence.
   void Play(const std::string& path);
 
  private:
@@ -35,7 +35,7 @@ class Sounds {
   void Start();
 
   std::unique_ptr<QThread> thread_;
-  Worker* worker_;  // lives on the thread and ends with it
+  Worker* worker_;  // lives on the thread and is deleted with it
   QTimer starting_;
 };
 

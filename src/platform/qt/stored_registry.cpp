@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The registry's map in an INI file, a byte array for each value: its type in 4 bytes, then its own bytes.
+// The registry's map as an INI file. Each value is a byte array: its type in 4 bytes (little-endian), then its content.
 #include "platform/qt/stored_registry.h"
 
 #include <QDir>
@@ -27,8 +27,8 @@ QString FilePath() {
 
 constexpr char kHive[] = "HKEY_LOCAL_MACHINE/";
 
-// True for a file that is not there yet, and for one that holds nothing but values of a registry. What is no plain file
-// would have to be waited for, and ours is small.
+// True if the file does not exist yet or contains only registry values. Large files and files that are not regular,
+// which could block, are not ours.
 bool IsOurs(const QFileInfo& file) {
   if (!file.exists()) return !file.isSymLink();
   if (!file.isFile() || file.size() > 1 << 20) return false;
@@ -52,8 +52,8 @@ MapRegistry::Content Load(const QSettings& settings) {
   return content;
 }
 
-// The text that the toolkit makes of the content. It may write to a folder of its own only: it takes a lock beside the
-// file, and waits for it as long as somebody holds it.
+// The content in INI format. QSettings writes it in a temporary folder, because it would otherwise wait indefinitely
+// for its lock file beside the real file.
 std::string TextOf(const MapRegistry::Content& content) {
   const QTemporaryDir folder;
   QFile file(folder.filePath(QStringLiteral("registry.ini")));

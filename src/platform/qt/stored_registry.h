@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The registry of a system that has none, kept in a file of the user's.
+// The registry on Linux, stored in a file of the user's.
 #pragma once
 
 #include <memory>
@@ -8,8 +8,8 @@
 
 namespace sorvex {
 
-/// Kept in `sorvex/registry.ini` under $XDG_DATA_HOME (by default ~/.local/share), which is written when a value
-/// changes. A file there that is none of ours is never touched, and every change is denied.
+/// A registry stored in `sorvex/registry.ini` under $XDG_DATA_HOME (default ~/.local/share), which is written when a
+/// value changes. If a file in another format is there, it is not modified and every change is denied.
 std::unique_ptr<Registry> MakeStoredRegistry();
 
 }  // namespace sorvex

@@ -15,7 +15,7 @@ namespace {
 
 constexpr int kSignals[] = {SIGTERM, SIGINT, SIGHUP};
 
-// A signal handler reaches nothing but statics.
+// Static, because a signal handler has no other way to reach it.
 volatile std::sig_atomic_t writeEnd = -1;
 
 extern "C" void NoteSignal(int /*number*/) {
@@ -29,7 +29,7 @@ extern "C" void NoteSignal(int /*number*/) {
 
 TerminationSignals::TerminationSignals(std::function<void()> requested) {
   int ends[2];
-  if (::pipe2(ends, O_CLOEXEC | O_NONBLOCK) != 0) return;  // signals keep ending the process their own way
+  if (::pipe2(ends, O_CLOEXEC | O_NONBLOCK) != 0) return;  // signals keep their default action
   readEnd_ = ends[0];
   writeEnd = ends[1];
   notifier_ = std::make_unique<QSocketNotifier>(readEnd_, QSocketNotifier::Read);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Requests to end that reach the process as signals, turned into events.
+// Turns termination signals into events.
 #pragma once
 
 #include <QSocketNotifier>
@@ -10,8 +10,8 @@
 
 namespace sorvex {
 
-/// While it lives, SIGTERM, SIGINT and SIGHUP make `requested` run when events are delivered next;
-/// those that were ignored stay so.
+/// During its lifetime SIGTERM, SIGINT and SIGHUP call `requested` at the next event delivery. Signals that were
+/// ignored stay ignored.
 class TerminationSignals {
  public:
   explicit TerminationSignals(std::function<void()> requested);

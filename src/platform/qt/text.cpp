@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Font families, measuring, palette colours.
+// Font families, measuring, palette colors.
 #include "platform/qt/text.h"
 
 #include <QFontMetrics>
@@ -13,8 +13,8 @@ namespace {
 
 constexpr char kHeavyFamily[] = "Arial Black";
 
-// A family that is installed comes first by its own name. Liberation Sans has Arial's measures and serves for the
-// system's plain face as well; Inter's heaviest weight stands in for the heavy face.
+// The family itself, then its replacements: Liberation Sans has Arial's metrics and also replaces MS Sans Serif;
+// Inter's heaviest weight replaces Arial Black.
 QStringList FamiliesFor(const std::string& name) {
   QStringList families{QString::fromStdString(name)};
   if (name == kHeavyFamily) families << QStringLiteral("Inter");

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The core's texts, fonts and colours as Qt's, and how large a text is painted.
+// Conversion of texts, fonts and colors to Qt's types, and text measuring.
 #pragma once
 
 #include <QColor>
@@ -12,23 +12,23 @@
 
 namespace sorvex {
 
-/// UTF-8 with CR LF or LF line ends as Qt's text with LF.
+/// UTF-8 with CR LF or LF as a QString with LF.
 QString ToQt(const std::string& text);
 std::string FromQt(const QString& text);
 
 inline QColor ToQt(Pixel pixel) { return QColor::fromRgb(pixel); }
 
-/// The font as it is painted: a point is 4/3 logical pixels on every screen; a family that is missing gives way to one
-/// of like measures or like look.
+/// A point is 4/3 logical pixels at every resolution. A family that is not installed is replaced by one with the same
+/// metrics or a similar look.
 QFont ToQt(const Font& font);
 
-/// Flags with which a text is measured and painted.
+/// Qt::TextFlag values for measuring and painting.
 int TextFlags(Alignment alignment, bool wordWrap);
 
-/// Logical pixels that `text` takes; wrapped to `wrapWidth` when that is above 0.
+/// The size of `text` in logical pixels; wrapped to `wrapWidth` if that is above 0.
 Size TextSize(const Font& font, const std::string& text, int wrapWidth);
 
-/// What a colour is in the palette of the desktop.
+/// A color as a pixel value; system colors come from the desktop's palette.
 Pixel Resolve(Color color);
 
 }  // namespace sorvex

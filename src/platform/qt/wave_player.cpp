@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Wave files as samples, pushed to the audio device; a library of its own, see sounds.h.
+// Loads wave files and writes their samples to the audio device. Built as a shared library, see sounds.h.
 #include "platform/qt/wave_player.h"
 
 #include <QAudioDevice>
@@ -30,7 +30,7 @@ struct Sound {
   QByteArray samples;
 };
 
-// The device knows no 24 bits.
+// Qt has no 24-bit sample format; such samples are converted.
 QAudioFormat::SampleFormat FormatOf(SampleKind kind) {
   switch (kind) {
     case SampleKind::Unsigned8: return QAudioFormat::UInt8;
@@ -67,17 +67,17 @@ class AudioPlayer final : public WavePlayer {
 
   std::map<std::string, Sound> sounds_;
   std::unique_ptr<QAudioSink> sink_;
-  QIODevice* device_ = nullptr;  // takes the samples of what plays
+  QIODevice* device_ = nullptr;  // receives the samples of the current sound
   QByteArray samples_;
-  qint64 taken_ = 0;  // how many bytes of samples_ it has
-  QTimer feeder_;     // runs while it has not all of them
+  qint64 taken_ = 0;  // how many bytes of samples_ are written to it
+  QTimer feeder_;     // runs until all are written
 };
 
 AudioPlayer::AudioPlayer() {
   constexpr int kFeedInterval = 20;
   feeder_.setInterval(kFeedInterval);
   QObject::connect(&feeder_, &QTimer::timeout, &feeder_, [this] { Feed(); });
-  // Finding the devices takes its time: better before the first sound.
+  // Enumerating devices is slow: do it before the first sound.
   QMediaDevices::defaultAudioOutput();
 }
 
@@ -90,7 +90,7 @@ bool AudioPlayer::Play(const std::string& path) {
   feeder_.stop();
   if (sink_) {
     sink_->reset();
-    // Its destructor delivers events, and with them may play the next sound.
+    // Deferred: its destructor delivers events, and so may play the next sound.
     sink_.release()->deleteLater();
   }
   const Sound* sound = Load(path);
@@ -113,7 +113,7 @@ void AudioPlayer::Feed() {
   if (taken_ == samples_.size() || sink_->error() != QAudio::NoError) feeder_.stop();
 }
 
-// Null when there is no such file.
+// The loaded sound; null if there is no such file.
 const Sound* AudioPlayer::Load(const std::string& path) {
   std::error_code changeUnknown;
   std::error_code sizeUnknown;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the library with the sound code offers the program.
+// The interface of the shared library that plays sounds.
 #pragma once
 
 #include <span>
@@ -7,20 +7,20 @@
 
 namespace sorvex {
 
-/// Plays wave files without waiting for their end; a new sound cuts off the one that plays. It lives on one thread,
-/// whose event loop feeds the audio device, and waits for the sound server there.
+/// Plays wave files asynchronously; a new sound cuts off the one that is playing. It must be used on one thread only,
+/// which runs an event loop that feeds the audio device. Calls may block on the sound server.
 class WavePlayer {
  public:
   virtual ~WavePlayer() = default;
 
-  /// Keeps these files loaded and no others; a file that changed since it was loaded is loaded again.
+  /// Preloads these files and unloads all others; a file that has changed is loaded again.
   virtual void Prepare(std::span<const std::string> paths) = 0;
-  /// Plays the file from its start and returns true, also in silence where there is no audio device. False when the
-  /// file cannot be played.
+  /// Starts playing the file from its start. Returns false if it is not a playable file; true otherwise, even without
+  /// an audio device.
   virtual bool Play(const std::string& path) = 0;
 };
 
 }  // namespace sorvex
 
-/// The library's only function. The caller owns what it returns.
+/// The library's only function. The caller owns the result.
 extern "C" sorvex::WavePlayer* MakeSorvexWavePlayer();

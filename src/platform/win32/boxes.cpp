@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Message and input box.
+// Message box and input box.
 #include "platform/win32/boxes.h"
 
 #include <exception>
@@ -23,7 +23,7 @@ UINT FlagsOf(BoxIcon icon) {
   return MB_OK;
 }
 
-/// The font of message boxes, for measuring.
+/// The font of message boxes, to measure their text.
 class BoxFont {
  public:
   BoxFont() : context_(::GetDC(nullptr)) {
@@ -77,7 +77,7 @@ INT_PTR CALLBACK Receive(HWND dialog, UINT message, WPARAM first, LPARAM second)
     ::SetDlgItemTextW(dialog, IDC_PROMPT, question.prompt.c_str());
     ::SendDlgItemMessageW(dialog, IDC_ANSWER, EM_SETLIMITTEXT, kLongestEntry, 0);
     ::SetFocus(::GetDlgItem(dialog, IDC_ANSWER));
-    return FALSE;  // the focus is set
+    return FALSE;  // the focus is set already
   }
   const WORD button = LOWORD(first);
   if (message != WM_COMMAND || (button != IDOK && button != IDCANCEL)) return FALSE;
@@ -96,7 +96,7 @@ INT_PTR CALLBACK Receive(HWND dialog, UINT message, WPARAM first, LPARAM second)
 void ShowMessageBox(HWND owner, const std::string& text, const std::string& title, BoxIcon icon) {
   const RECT screen = WorkArea(owner);
   const BoxFont font;
-  // Narrow enough for the box of every system: Wine breaks longer lines again.
+  // Narrow enough for every system: Wine wraps longer lines again.
   const int lineWidth = 20 * font.Measure("X").height;
   const std::string shown = BoxText(text, {lineWidth, screen.bottom - screen.top},
                                     [&font](std::string_view line) { return font.Measure(line); });

@@ -10,9 +10,10 @@
 
 namespace sorvex {
 
-/// Both wait in a loop of the system's until the box is closed or a WM_QUIT message comes. `owner` may be null.
+/// Show a modal box; the system's own message loop runs until the box is closed or WM_QUIT arrives. `owner` may be
+/// null.
 void ShowMessageBox(HWND owner, const std::string& text, const std::string& title, BoxIcon icon);
-/// What was typed; empty on Cancel.
+/// Returns the text; empty on Cancel.
 std::string ShowInputBox(HWND owner, const std::string& prompt, const std::string& title);
 
 }  // namespace sorvex

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Resources as icons, pointer shapes and pictures.
+// Loading resources as icons, cursors and pictures.
 #include "platform/win32/built_ins.h"
 
 #include <cstddef>
@@ -20,7 +20,7 @@ struct IconDeleter {
 };
 using IconHandle = std::unique_ptr<std::remove_pointer_t<HICON>, IconDeleter>;
 
-// The resource's number among those of its kind.
+// The resource's identifier, unique within its type.
 WORD ResourceOf(BuiltIn which) {
   switch (which) {
     case BuiltIn::None: return 0;
@@ -47,10 +47,10 @@ std::string_view BytesOf(BuiltIn which, const wchar_t* kind = RT_RCDATA) {
   return {static_cast<const char*>(::LockResource(data)), ::SizeofResource(nullptr, resource)};
 }
 
-// The width of the icon's image that stands `size` pixels best: the smallest that is not smaller, else the largest.
+// The width of the icon's best image for `size` pixels: the smallest that is not smaller, else the largest.
 int ImageWidthFor(BuiltIn which, int size) {
   constexpr std::size_t kHeader = 6;
-  constexpr std::size_t kEntry = 14;  // its first byte is the image's width
+  constexpr std::size_t kEntry = 14;  // bytes; the first one is the image's width
   const std::string_view directory = BytesOf(which, RT_GROUP_ICON);
   int chosen = 0;
   for (std::size_t at = kHeader; at + kEntry <= directory.size(); at += kEntry) {
@@ -69,7 +69,7 @@ IconHandle LoadIconImage(BuiltIn which, int size) {
 
 HICON BuiltInIcon(BuiltIn which, int size) {
   if (!IsIcon(which)) return nullptr;
-  // Not LR_SHARED: the system shares one image of an icon, whatever size is asked for.
+  // Not LR_SHARED, with which the system would return the same image for every size.
   static std::map<std::pair<BuiltIn, int>, IconHandle> icons;
   IconHandle& icon = icons[{which, size}];
   if (!icon) icon = LoadIconImage(which, size);

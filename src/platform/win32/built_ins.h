@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The pictures that ship inside the program, read from its resources.
+// The program's built-in pictures, icons and cursors, loaded from its resources.
 #pragma once
 
 #include <windows.h>
@@ -9,13 +9,13 @@
 
 namespace sorvex {
 
-/// The icon's image for a square of `size` pixels; null for what is no icon. It lives as long as the program.
+/// The icon's image for `size` x `size` pixels; null if `which` is not an icon. Never freed.
 HICON BuiltInIcon(BuiltIn which, int size);
-/// The pointer shape; None is the arrow. It lives as long as the program.
+/// The cursor; for None the arrow. Never freed.
 HCURSOR BuiltInCursor(BuiltIn which);
-/// A new picture object of a picture that is no icon.
+/// A new picture object; `which` must not be an icon or cursor.
 Picture BuiltInPicture(BuiltIn which);
-/// Paints an icon or a picture stretched to `place`; where it is transparent, what was there stays.
+/// Paints an icon or picture stretched to `place`, respecting its transparency.
 void PaintBuiltIn(HDC context, const Rectangle& place, BuiltIn which);
 
 }  // namespace sorvex

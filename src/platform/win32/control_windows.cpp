@@ -15,10 +15,10 @@
 namespace sorvex {
 namespace {
 
-// The face of buttons and lists; it fits them as they are designed.
+// The font of buttons and lists, which fits their designed sizes.
 const Font kControlFont{"Arial", 9.75F};
 
-// Moves the window to the control's bounds and gives it the control's visibility.
+// Applies the control's bounds and visibility to the window if they changed.
 void Place(HWND window, const Control& control, Shown<Rectangle>& bounds, Shown<bool>& visible) {
   const int frame = control.Container == nullptr ? 0 : FrameWidth(control.Container->BorderStyle);
   const Rectangle place = PixelBounds(control).Moved(frame, frame);
@@ -78,7 +78,7 @@ class SurfaceWindow final : public PointerArea, public ControlWindow {
     ::InvalidateRect(::GetParent(Handle()), nullptr, FALSE);
   }
 
-  // A screen reader takes the window's text for its name; it cannot see the labels that are painted here.
+  // Screen readers use the window's text as its name and do not see the labels painted on it.
   void Name() {
     const std::string text = SpokenText(context_.form, control_);
     if (name_.Take(text)) ::SetWindowTextW(Handle(), ToWide(text).c_str());
@@ -91,12 +91,12 @@ class SurfaceWindow final : public PointerArea, public ControlWindow {
   }
 
   PictureBox& control_;
-  HDC canvas_ = nullptr;  // the window's own
+  HDC canvas_ = nullptr;  // the window's private device context (CS_OWNDC)
   Shown<Rectangle> bounds_;
   Shown<bool> visible_;
   Shown<SurfaceLook> look_;
   Shown<std::string> name_;
-  bool paintOwed_ = false;  // painted while no handler could run: the Paint event is still to come
+  bool paintOwed_ = false;  // painted while no handler could run: the Paint event is deferred
 };
 
 /// One of the system's own controls.
@@ -168,7 +168,7 @@ class ListWindow final : public SystemControl {
       for (const std::string& entry : control_.List)
         Send(LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(ToWide(entry).c_str()));
     }
-    // Between press and release the list shows a selection that it has not reported yet.
+    // Only after changes: between press and release the list shows a selection that it has not reported yet.
     if (index_.Take(control_.ListIndex)) Send(LB_SETCURSEL, static_cast<WPARAM>(control_.ListIndex));
   }
 

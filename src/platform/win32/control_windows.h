@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The windows of those controls that have one: surfaces of our own kind, the system's buttons and lists.
+// Native windows of controls: our own class for surfaces, the system's controls for buttons and lists.
 #pragma once
 
 #include <windows.h>
@@ -21,20 +21,20 @@ class ControlWindow {
 
   Control& Subject() const { return subject_; }
   virtual HWND Window() const = 0;
-  /// Takes over what changed in the control since the last time; cheap when nothing did.
+  /// Applies the control's changes since the last call; cheap if there are none.
   virtual void Sync() = 0;
-  /// What the system's own control reports to its parent: `code` is the high word of WM_COMMAND's first parameter.
+  /// Handles the system control's notification `code` (the high word of WM_COMMAND's wParam).
   virtual void Notified(WORD /*code*/) {}
-  /// A surface shows what changed in these boxes of its image.
+  /// A surface repaints these dirty rectangles (pixels of its image) at once.
   virtual void Show(std::span<const Rectangle> /*changed*/) {}
-  /// A button shows that Enter means it.
+  /// Makes a button look like the one that Enter activates, or not.
   virtual void MarkForEnter(bool /*marked*/) {}
 
  private:
   Control& subject_;
 };
 
-/// A new window, hidden, on `parent`; null for a control that has none.
+/// A new hidden child window of `parent`; null for a control without a native window.
 std::unique_ptr<ControlWindow> MakeControlWindow(Control& control, FormContext& context, HWND parent);
 
 }  // namespace sorvex

@@ -16,7 +16,7 @@
 namespace sorvex {
 namespace {
 
-// image/png among the encoders that GDI+ brings.
+// The class identifier of GDI+'s encoder for image/png.
 constexpr CLSID kPngEncoder{0x557cf406, 0x1a04, 0x11d3, {0x9a, 0x73, 0x00, 0x00, 0xf8, 0x1e, 0xf3, 0x2e}};
 
 struct Releaser {
@@ -28,7 +28,7 @@ struct Releaser {
 std::string EncodePng(const Bitmap& bitmap) {
   StartGdiPlus();
   const std::unique_ptr<IStream, Releaser> stream(::SHCreateMemStream(nullptr, 0));
-  // GDI+ takes the pixels it is only to read by a pointer to bytes that it could change.
+  // GDI+ only reads the pixels, although its parameter is not const.
   Gdiplus::Bitmap image(bitmap.Width(), bitmap.Height(), bitmap.Width() * static_cast<int>(sizeof(Pixel)),
                         PixelFormat32bppRGB, reinterpret_cast<BYTE*>(const_cast<Pixel*>(bitmap.Row(0))));
   STATSTG facts{};

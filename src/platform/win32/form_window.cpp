@@ -47,14 +47,14 @@ FormWindow::FormWindow(std::unique_ptr<FormContext> context, FormWindow* owner)
       ::SendMessageW(Handle(), WM_SETICON, static_cast<WPARAM>(kind),
                      reinterpret_cast<LPARAM>(BuiltInIcon(form.Icon, ::GetSystemMetrics(width))));
   }
-  // Underlined access keys and the focus are seen from the start, not only once a key was used.
+  // Always show access keys and the focus rectangle, not only after the keyboard was used.
   ::SendMessageW(Handle(), WM_UPDATEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEACCEL | UISF_HIDEFOCUS), 0);
 }
 
 FormWindow::~FormWindow() {
-  // Before the window goes, so that the owner and no other program becomes active.
+  // Before the window is destroyed, so that the owner and not another program becomes active.
   if (owner_ != nullptr) ::EnableWindow(owner_->Handle(), TRUE);
-  // A control that goes with the focus reports that it lost it: by then the form has none.
+  // A control that is destroyed with the focus reports losing it: windows_ must be empty by then.
   const auto going = std::exchange(windows_, {});
 }
 
@@ -78,7 +78,7 @@ void FormWindow::SetCaption(const std::string& caption) { ::SetWindowTextW(Handl
 void FormWindow::BackgroundChanged() { ::InvalidateRect(Handle(), nullptr, FALSE); }
 
 void FormWindow::SetClientSize(Size client) {
-  // The client area is what counts: the frame around it is as wide as this desktop draws it.
+  // The size of the client area is given; the frame's width is the desktop's.
   RECT outer{0, 0, client.width, client.height};
   ::AdjustWindowRectEx(&outer, StyleOf(context_.form), FALSE, ExtendedStyleOf(context_.form));
   ::SetWindowPos(Handle(), nullptr, 0, 0, outer.right - outer.left, outer.bottom - outer.top,
@@ -126,7 +126,7 @@ FormWindow::PaintedLook FormWindow::LookOf(const Control& control) {
 }
 
 void FormWindow::SyncPainted(const Control& control) {
-  // What is hidden is painted when it is shown.
+  // On a hidden container: deferred until the container is shown.
   const HWND window = WindowUnder(control);
   if (window == nullptr || (control.Container != nullptr && !IsShown(*control.Container))) return;
   Painted& seen = seen_[&control];
@@ -241,7 +241,7 @@ LRESULT FormWindow::Receive(UINT message, WPARAM first, LPARAM second) {
       controller_.TimerFired();
       return 0;
     case WM_SYSCOMMAND:
-      // Alt or F10 alone would open an unseen menu that waits while the game stands still.
+      // Alt or F10 alone would open the system menu invisibly, and its modal loop would freeze the game.
       if ((first & 0xFFF0) == SC_KEYMENU && second == 0) return 0;
       return PointerArea::Receive(message, first, second);
     case WM_COMMAND: Notified(reinterpret_cast<HWND>(second), HIWORD(first)); return 0;
@@ -255,7 +255,7 @@ LRESULT FormWindow::Receive(UINT message, WPARAM first, LPARAM second) {
       controller_.FocusChanged();
       return 0;
     case WM_GETMINMAXINFO:
-      // A large field makes a window larger than the screen.
+      // With a large play field the window may be larger than the screen.
       PointerArea::Receive(message, first, second);
       reinterpret_cast<MINMAXINFO*>(second)->ptMaxTrackSize = {SHRT_MAX, SHRT_MAX};
       return 0;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The top-level window of one shown form: mirrors the form's controls and tells its controller what happens.
+// The native window of a shown form: mirrors the form's controls and reports events to its FormController.
 #pragma once
 
 #include <memory>
@@ -18,25 +18,26 @@ namespace sorvex {
 
 class FormWindow final : public PointerArea, private FormView {
  public:
-  /// With an owner the window is modal: the owner takes no input while it lives.
+  /// With an owner (may be null) the window is modal: the owner is disabled while it exists.
   FormWindow(std::unique_ptr<FormContext> context, FormWindow* owner);
   ~FormWindow() override;
   FormWindow(const FormWindow&) = delete;
   FormWindow& operator=(const FormWindow&) = delete;
 
   FormController& Controller() { return controller_; }
-  /// The window appears, the first control in tab order has the focus.
+  /// Shows the window and moves the focus to the first control in tab order.
   void Open();
-  /// Takes a key that means something to the form, whichever control has the focus; false when it means nothing.
+  /// Handles keys that have a meaning for the whole form, whichever control has the focus; false if `message` is not
+  /// one.
   bool TakeKey(const MSG& message);
-  /// The surface's window shows what changed in these boxes; nothing when it has none.
+  /// Repaints these dirty rectangles of the surface at once; does nothing if it has no window.
   void Show(const PictureBox& surface, std::span<const Rectangle> changed);
 
  protected:
   LRESULT Receive(UINT message, WPARAM first, LPARAM second) override;
 
  private:
-  /// What is seen of a control that is painted on its container.
+  /// The visible properties of a control that is painted on its container.
   struct PaintedLook {
     Rectangle bounds;
     bool visible = false;
@@ -48,7 +49,7 @@ class FormWindow final : public PointerArea, private FormView {
   };
   struct Painted {
     PaintedLook look;
-    Rectangle place;  ///< in the window that it is painted on
+    Rectangle place;  ///< in pixels of the window that it is painted on
   };
 
   const Control* FocusedControl() const override;
@@ -78,8 +79,8 @@ class FormWindow final : public PointerArea, private FormView {
   std::unordered_map<const Control*, Painted> seen_;
   std::unique_ptr<ToolTips> toolTips_;
   std::vector<Control*> painted_;  // the controls that are painted on their container
-  std::vector<Control*> others_;   // the rest of them
-  HWND focusBefore_ = nullptr;     // what had the focus when the window lost it
+  std::vector<Control*> others_;   // all other controls
+  HWND focusBefore_ = nullptr;     // the child that had the focus when the window was deactivated
 };
 
 }  // namespace sorvex

@@ -16,7 +16,7 @@ const wchar_t* NativeWindow::ClassName() {
   static const wchar_t* const name = [] {
     WNDCLASSEXW description{};
     description.cbSize = sizeof description;
-    // Each window keeps its device context: a frame is shown without asking for one.
+    // CS_OWNDC: each window keeps its device context, so that showing a frame need not acquire one.
     description.style = CS_OWNDC | CS_DBLCLKS;
     description.lpfnWndProc = &Procedure;
     description.hInstance = ::GetModuleHandleW(nullptr);

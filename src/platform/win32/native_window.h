@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A window of this program's own class, as an object.
+// A window of the program's own window class, as a C++ object.
 #pragma once
 
 #include <windows.h>
@@ -18,11 +18,11 @@ class NativeWindow {
  protected:
   NativeWindow() = default;
 
-  /// Makes the window, hidden and without size; throws OutOfMemory when the system has none left.
+  /// Creates the window, hidden and with size 0; throws OutOfMemory (7) on failure.
   void Create(DWORD style, DWORD extendedStyle, HWND parent);
-  /// Answers a message; the base answers as the system does.
+  /// Handles a message and returns its result; the base class calls DefWindowProc.
   virtual LRESULT Receive(UINT message, WPARAM first, LPARAM second);
-  /// An exception left Receive; it is the current one.
+  /// Called inside the catch block for an exception from Receive.
   virtual void Failed() = 0;
 
  private:
@@ -32,7 +32,7 @@ class NativeWindow {
   HWND handle_ = nullptr;
 };
 
-/// What programs may use of the screen that `window` is on, of the first one when it is null.
+/// The work area, without the taskbar, of the screen that `window` is on; of the primary screen if it is null.
 RECT WorkArea(HWND window);
 
 }  // namespace sorvex

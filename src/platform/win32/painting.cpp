@@ -30,7 +30,7 @@ void Fill(HDC context, const RECT& part, Pixel pixel) {
   ::FillRect(context, &part, static_cast<HBRUSH>(::GetStockObject(DC_BRUSH)));
 }
 
-// One pixel all round, the corners at the top right and bottom left in the lower colour.
+// A 1-pixel border; the top-right and bottom-left corners have the lower color.
 void PaintEdge(HDC context, const Rectangle& r, Pixel upper, Pixel lower) {
   Fill(context, {r.left, r.top, r.right - 1, r.top + 1}, upper);
   Fill(context, {r.left, r.top, r.left + 1, r.bottom - 1}, upper);
@@ -71,7 +71,7 @@ void PaintLine(HDC context, const Rectangle& bounds) {
   ::SelectObject(context, ::GetStockObject(BLACK_PEN));
   ::MoveToEx(context, bounds.left, bounds.top, nullptr);
   ::LineTo(context, bounds.right - 1, bounds.bottom - 1);
-  ::SetPixel(context, bounds.right - 1, bounds.bottom - 1, RGB(0, 0, 0));  // a line leaves its end out
+  ::SetPixel(context, bounds.right - 1, bounds.bottom - 1, RGB(0, 0, 0));  // LineTo excludes the end point
 }
 
 void PaintControl(HDC context, Desktop& desktop, const Control& control, const Rectangle& part) {
@@ -117,7 +117,7 @@ void ShowPixels(HDC context, const Bitmap& image, const Rectangle& box, int x, i
   BITMAPINFO description{};
   description.bmiHeader.biSize = sizeof description.bmiHeader;
   description.bmiHeader.biWidth = image.Width();
-  description.bmiHeader.biHeight = -box.Height();  // rows from the top, the box's first row being the first
+  description.bmiHeader.biHeight = -box.Height();  // negative: top-down rows, starting with the box's first
   description.bmiHeader.biPlanes = 1;
   description.bmiHeader.biBitCount = 32;
   ::SetDIBitsToDevice(context, x + box.left, y + box.top, static_cast<DWORD>(box.Width()),
@@ -136,7 +136,7 @@ Rectangle PaintedBounds(const Control& control) {
     return {bounds.left, bounds.top, bounds.right + 1, bounds.bottom + 1};
   const auto* label = dynamic_cast<const Label*>(&control);
   if (label == nullptr || !label->AutoSize) return bounds;
-  // An auto-size label shows its whole text even before its size was set to it.
+  // An auto-size label shows its whole text even before it was resized to it.
   const Size text = TextSize(label->Font, label->PaintedText(), label->WordWrap ? bounds.Width() : 0);
   bounds.right = std::max(bounds.right, bounds.left + text.width);
   bounds.bottom = std::max(bounds.bottom, bounds.top + text.height);
@@ -153,7 +153,7 @@ void PaintArea(HDC screen, const FormContext& context, const PictureBox* surface
   const int width = part.right - part.left;
   const int height = part.bottom - part.top;
   if (width <= 0 || height <= 0) return;
-  // Composed apart and shown at once, so that nothing flickers.
+  // Double-buffered to avoid flicker.
   const MemoryContext memory(::CreateCompatibleDC(screen));
   const GdiObject pixels(::CreateCompatibleBitmap(screen, width, height));
   if (!memory || !pixels) return PaintAll(screen, context, surface, window, part);

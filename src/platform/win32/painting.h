@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What forms and surfaces look like: pixels, frames, and the labels, images, lines and rectangles drawn on them.
+// Painting forms and surfaces: pixels, frames, and the labels, images, lines and rectangles on them.
 #pragma once
 
 #include <windows.h>
@@ -11,19 +11,20 @@
 
 namespace sorvex {
 
-/// Shows what `box` (pixels of `image`) holds, the image's corner being at (x, y) of the context.
+/// Paints the part `box` (pixels of `image`) of an image whose top-left corner is at (x, y) of the context.
 void ShowPixels(HDC context, const Bitmap& image, const Rectangle& box, int x, int y);
 
-/// Paints `part` (client pixels) of the form's window, or of the window of `surface`, with everything drawn on it.
+/// Paints the rectangle `part` (client pixels) of the window of `surface` (null: of the form), with the controls
+/// painted on it. `window` is the size of its client area.
 void PaintArea(HDC screen, const FormContext& context, const PictureBox* surface, Size window, const RECT& part);
 
-/// Where a label, image, line or rectangle is painted, in pixels of its container's drawing area.
+/// The bounds of a painted label, image, line or rectangle, in pixels of its container's drawing area.
 Rectangle PaintedBounds(const Control& control);
 
-/// True for what is painted on its container rather than being a window.
+/// True if the control has no window and is painted on its container.
 bool IsPainted(const Control& control);
 
-/// The brush for what shows through a button on the form or `surface`; it belongs to the context.
+/// The background brush for buttons on `surface` (null: on the form). It belongs to the context: do not delete it.
 HBRUSH BackgroundBrush(HDC context, const FormContext& form, const PictureBox* surface);
 
 }  // namespace sorvex

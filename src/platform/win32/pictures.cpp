@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Loading through OLE's picture object, painting through GDI+.
+// Decoding with OLE's picture object, painting with GDI+.
 #include "platform/win32/pictures.h"
 
 #include <windows.h>
@@ -28,7 +28,7 @@ struct ContextDeleter {
   void operator()(HDC context) const { ::DeleteDC(context); }
 };
 
-/// GDI+ for the time that the program runs: it scales a picture smoothly and keeps its transparency.
+/// GDI+, which scales pictures smoothly and supports transparency.
 class GdiPlus {
  public:
   GdiPlus() {
@@ -61,7 +61,7 @@ PictureObject Load(std::string_view bytes) {
   return PictureObject(static_cast<IPicture*>(picture));
 }
 
-// The picture's own bitmap, null when it is none. Handles of GDI have 32 significant bits.
+// The picture's bitmap handle; null if it is not a bitmap. GDI handles have 32 significant bits.
 HBITMAP BitmapOf(IPicture& picture) {
   SHORT type = PICTYPE_UNINITIALIZED;
   OLE_HANDLE handle = 0;
@@ -89,7 +89,7 @@ std::optional<Bitmap> DecodePicture(std::string_view bytes) {
   BITMAPINFO wanted{};
   wanted.bmiHeader.biSize = sizeof wanted.bmiHeader;
   wanted.bmiHeader.biWidth = facts.bmWidth;
-  wanted.bmiHeader.biHeight = -facts.bmHeight;  // rows from the top
+  wanted.bmiHeader.biHeight = -facts.bmHeight;  // negative: top-down rows
   wanted.bmiHeader.biPlanes = 1;
   wanted.bmiHeader.biBitCount = 32;
   const std::unique_ptr<std::remove_pointer_t<HDC>, ContextDeleter> context(::CreateCompatibleDC(nullptr));

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Pictures as the system's own reader reads them: bitmap, JPEG and GIF.
+// Decoding and painting pictures (bitmap, JPEG, GIF) with OLE and GDI+.
 #pragma once
 
 #include <windows.h>
@@ -11,7 +11,7 @@
 
 namespace sorvex {
 
-/// OLE on this thread, for the picture reader and for the shell. Lives as long as the desktop.
+/// Initializes OLE on this thread, for the picture decoder and the shell. Lives as long as the desktop.
 class OleSession {
  public:
   OleSession();
@@ -23,14 +23,14 @@ class OleSession {
   bool started_;
 };
 
-/// GDI+, from its first use on for the time that the program runs.
+/// Initializes GDI+ on the first call; it is shut down when the program ends.
 void StartGdiPlus();
 
-/// The pixels of a picture file, given its bytes; transparency is dropped. nullopt when the system cannot read it. The
-/// reader trusts what a bitmap declares of itself: check that first (themes/bitmap_check.h).
+/// Decodes the bytes of a picture file; transparency is dropped. nullopt if the decoder fails. It trusts a bitmap's
+/// declared sizes, so validate the headers first (themes/bitmap_check.h).
 std::optional<Bitmap> DecodePicture(std::string_view bytes);
 
-/// Paints a picture file stretched to `place`; what is transparent in it shows what was there.
+/// Paints the bytes of a picture file stretched to `place`, respecting its transparency.
 void PaintPicture(HDC context, const Rectangle& place, std::string_view bytes);
 /// The same for an icon's image.
 void PaintIcon(HDC context, const Rectangle& place, HICON icon);

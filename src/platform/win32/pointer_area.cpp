@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Native pointer messages as the core's PointerInput wants them, and painting without flicker.
+// Translates native pointer messages to calls of PointerInput, and paints.
 #include "platform/win32/pointer_area.h"
 
 #include <windowsx.h>
@@ -25,8 +25,8 @@ Integer ShiftOf(WPARAM keys) {
 
 bool AnyButton(WPARAM keys) { return (keys & (MK_LBUTTON | MK_RBUTTON | MK_MBUTTON)) != 0; }
 
-// Place on the screen and time of the event that is being delivered, in the form of GetMouseMovePointsEx: places are
-// 16-bit numbers there.
+// Screen position and time of the event being delivered, in the format of GetMouseMovePointsEx, whose coordinates are
+// 16-bit.
 MOUSEMOVEPOINT DeliveredEvent() {
   const DWORD place = ::GetMessagePos();
   MOUSEMOVEPOINT event{};
@@ -36,27 +36,27 @@ MOUSEMOVEPOINT DeliveredEvent() {
   return event;
 }
 
-// The clock that stamps events is slow: of two in one tick, the place tells which of them is `last`.
+// Event times have a coarse resolution: within one tick the position distinguishes a later event from `last`.
 bool IsAfter(const MOUSEMOVEPOINT& point, const MOUSEMOVEPOINT& last) {
   const auto later = static_cast<LONG>(point.time - last.time);
   return point.time != 0 &&
          (later > 0 || (later == 0 && (LOWORD(point.x) != LOWORD(last.x) || LOWORD(point.y) != LOWORD(last.y))));
 }
 
-// The system joins movements that wait for delivery; the ones between are in its history (GetMouseMovePointsEx).
-// Calls `deliver` with each place on the screen that the pointer passed after the event `last` and before `now`.
+// Windows coalesces pending moves; the dropped positions are in its history (GetMouseMovePointsEx). Calls `deliver`
+// with each screen position after the event `last` and before `now`.
 template <class Deliver>
 void ForEachJoinedMove(const MOUSEMOVEPOINT& last, MOUSEMOVEPOINT now, const Deliver& deliver) {
   if (last.time == 0) return;
   constexpr int kMost = 64;
   std::array<MOUSEMOVEPOINT, kMost> points{};
   const int count = ::GetMouseMovePointsEx(sizeof now, &now, points.data(), kMost, GMMP_USE_DISPLAY_POINTS);
-  // The newest is `now` itself.
+  // points[0] is `now` itself.
   int oldest = 0;
   while (oldest + 1 < count && IsAfter(points[static_cast<std::size_t>(oldest) + 1], last)) ++oldest;
   for (; oldest > 0; --oldest) {
     const MOUSEMOVEPOINT& point = points[static_cast<std::size_t>(oldest)];
-    // On screens left of and above the first one, places are negative 16-bit numbers.
+    // Left of and above the primary screen, coordinates are negative 16-bit numbers.
     deliver(POINT{static_cast<SHORT>(point.x), static_cast<SHORT>(point.y)});
   }
 }
@@ -94,7 +94,7 @@ LRESULT PointerArea::Receive(UINT message, WPARAM first, LPARAM second) {
       return NativeWindow::Receive(message, first, second);
     case WM_ERASEBKGND: return TRUE;
     case WM_PAINT: Paint(); return 0;
-    case WM_PRINTCLIENT: Print(reinterpret_cast<HDC>(first)); return 0;  // for the see-through edges of buttons
+    case WM_PRINTCLIENT: Print(reinterpret_cast<HDC>(first)); return 0;  // lets buttons paint their parent's background
     case WM_COMMAND: return ::SendMessageW(::GetAncestor(Handle(), GA_ROOT), message, first, second);
     case WM_CTLCOLORBTN:
       return reinterpret_cast<LRESULT>(BackgroundBrush(reinterpret_cast<HDC>(first), context_, surface_));
@@ -121,7 +121,7 @@ void PointerArea::Move(WPARAM keys, POINT place) {
   const Integer shift = ShiftOf(keys);
   const bool captured = ::GetCapture() == Handle();
   ForEachJoinedMove(last, now, [&](POINT passed) {
-    // Over another window the pointer did nothing here.
+    // Skip positions over other windows.
     if (!captured && ::WindowFromPoint(passed) != Handle()) return;
     ::ScreenToClient(Handle(), &passed);
     MoveTo(passed, shift);
@@ -129,7 +129,7 @@ void PointerArea::Move(WPARAM keys, POINT place) {
   MoveTo(place, shift);
 }
 
-// What the pointer does over windows of others is not asked for when it is back.
+// Forget the last event when the pointer leaves the form, so that moves over other windows are not fetched on return.
 void PointerArea::Left() {
   POINT pointer{};
   ::GetCursorPos(&pointer);
@@ -148,7 +148,8 @@ void PointerArea::Release(Integer button, WPARAM keys, POINT place) {
   const bool last = !AnyButton(keys);
   const int frame = FrameOffset();
   context_.handlers.Run([&] {
-    // Before the handler, which may open a box. What the loss of the capture posts finds no button down.
+    // Before the handler, which may open a box. The capture loss that this posts is ignored, as no button is down by
+    // then.
     if (last && ::GetCapture() == Handle()) ::ReleaseCapture();
     context_.pointer.Release(button, ShiftOf(keys), static_cast<float>(place.x - frame),
                              static_cast<float>(place.y - frame));

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A window whose pointer events and pixels are a form's or a picture surface's.
+// A window that receives the pointer events of a form or picture surface and paints it.
 #pragma once
 
 #include "platform/controls.h"
@@ -10,28 +10,28 @@
 
 namespace sorvex {
 
-/// What the windows of one shown form share.
+/// State shared by the windows of one shown form.
 struct FormContext {
   Form& form;
   Desktop& desktop;
   Handlers& handlers;
   PointerInput pointer{form};
-  /// The surface that has the focus, null: none has.
+  /// The surface that has the focus; null if none has.
   const PictureBox* focused = nullptr;
-  /// The last pointer event; its time is 0 when the pointer was elsewhere since.
+  /// The last pointer event (screen pixels); its time is 0 if the pointer has left the form since.
   MOUSEMOVEPOINT lastEvent{};
 };
 
 class PointerArea : public NativeWindow {
  public:
-  /// The form's pointer is taken away.
+  /// Handles loss of the form's pointer capture.
   void LosePointer();
 
  protected:
   /// `surface` is null for the form itself.
   PointerArea(FormContext& context, PictureBox* surface) : context_(context), surface_(surface) {}
 
-  /// The same when events are delivered next: the system also takes it in the midst of other work.
+  /// The same at the next event delivery, because the capture may also be lost during other work.
   void LosePointerSoon();
   LRESULT Receive(UINT message, WPARAM first, LPARAM second) override;
   void Failed() override;

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
-// Where the running program lies.
+// The path of the running program.
 #pragma once
 
 #include <string>
 
 namespace sorvex {
 
-/// The executable's full path, also one longer than MAX_PATH.
+/// The executable's full path, which may be longer than MAX_PATH.
 std::wstring ProgramPath();
 
 }  // namespace sorvex

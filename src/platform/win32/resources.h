@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-// Numbers of the program's resources. The resource compiler reads this too and knows no constants but macros.
+// Identifiers of the program's resources: macros, since the resource compiler reads this file too.
 #pragma once
 
-// The first icon is the program's own in the shell.
+// The shell uses the first icon as the program's icon.
 #define IDI_WINDOW 1
 #define IDI_FOLDER 2
 #define IDI_ABOUT 3

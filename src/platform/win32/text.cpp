@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Encodings, fonts, measuring, system colours.
+// Encodings, fonts, measuring, system colors.
 #include "platform/win32/text.h"
 
 #include <cmath>
@@ -25,7 +25,7 @@ FontHandle CreateFontFor(const Font& font) {
                                   DEFAULT_QUALITY, DEFAULT_PITCH | FF_SWISS, ToWide(font.family).c_str()));
 }
 
-/// A device context like the screen's, for measuring.
+/// A device context compatible with the screen, for measuring.
 class ScreenContext {
  public:
   ScreenContext() : context_(::GetDC(nullptr)) {}
@@ -84,7 +84,7 @@ Size TextSize(const Font& font, const std::string& text, int wrapWidth) {
   const ScreenContext screen;
   const HGDIOBJ before = ::SelectObject(screen.Get(), FontFor(font));
   RECT needed{0, 0, wrapWidth, 0};
-  // Nothing would have no height.
+  // Empty text would have height 0.
   std::wstring wide = text.empty() ? L" " : ToWide(text);
   ::DrawTextW(screen.Get(), wide.data(), static_cast<int>(wide.size()), &needed,
               TextFormat(Alignment::Left, wrapWidth > 0) | DT_CALCRECT);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The core's texts, fonts and colours as Windows', and how large a text is painted.
+// Conversion of texts, fonts and colors to Windows types, and text measuring.
 #pragma once
 
 #include <windows.h>
@@ -12,24 +12,23 @@
 
 namespace sorvex {
 
-/// UTF-8 as UTF-16; line ends stay as they are, bytes that are no UTF-8 become U+FFFD.
+/// UTF-8 to UTF-16; line ends are unchanged, invalid UTF-8 becomes U+FFFD.
 std::wstring ToWide(std::string_view utf8);
 std::string FromWide(std::wstring_view text);
 
-/// UTF-8 in the system's 8-bit encoding, for the functions that take no other; what it lacks becomes a question mark.
+/// UTF-8 to the ANSI code page, for A-suffixed functions; characters that it lacks become question marks.
 std::string ToAnsi(std::string_view utf8);
 
-/// The font as it is measured and painted: a point is 4/3 pixels at every resolution. The font lives as long as the
-/// program.
+/// The font for measuring and painting: a point is 4/3 pixels at every resolution. Never freed.
 HFONT FontFor(const Font& font);
 
-/// Flags for DrawTextW with which a text is measured and painted.
+/// Flags of DrawTextW for measuring and painting.
 UINT TextFormat(Alignment alignment, bool wordWrap);
 
-/// Pixels that `text` takes; wrapped to `wrapWidth` when that is above 0. A text without a letter is one line high.
+/// The size of `text` in pixels; wrapped to `wrapWidth` if that is above 0. Empty text is one line high.
 Size TextSize(const Font& font, const std::string& text, int wrapWidth);
 
-/// What a colour is on this desktop.
+/// A color as a pixel value; system colors come from the desktop.
 Pixel Resolve(Color color);
 
 constexpr COLORREF ToColorRef(Pixel pixel) { return RGB(pixel >> 16 & 0xFF, pixel >> 8 & 0xFF, pixel & 0xFF); }

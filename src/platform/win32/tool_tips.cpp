@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Tool tips by the system's own control.
+// Tool tips with the system's tooltip control.
 #include "platform/win32/tool_tips.h"
 
 #include <commctrl.h>

@@ -16,7 +16,8 @@ class ToolTips {
  public:
   explicit ToolTips(HWND form);
 
-  /// `window` is the control's own, or its container's, where it takes up `place` (client pixels).
+  /// Updates the control's tool tip. `window` is the control's or its container's; `place` is the control in client
+  /// pixels.
   void Sync(const Control& control, HWND window, const Rectangle& place);
   void Forget(const Control& control);
 
@@ -28,7 +29,7 @@ class ToolTips {
     bool operator==(const Tip&) const = default;
   };
 
-  HWND window_;  // owned by the form's window, with which it goes
+  HWND window_;  // owned by the form's window and destroyed with it
   std::unordered_map<const Control*, Tip> tips_;
 };
 

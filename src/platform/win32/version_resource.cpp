@@ -13,7 +13,7 @@
 namespace sorvex {
 namespace {
 
-// A text of the resource's one language, US English in UTF-16.
+// A string of the resource's only language, US English in UTF-16.
 std::string TextOf(const std::vector<BYTE>& resource, const std::wstring& field) {
   void* text = nullptr;
   UINT length = 0;

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
-// What the executable's version resource says of the program.
+// Reading the executable's version resource.
 #pragma once
 
 #include "platform/desktop.h"
 
 namespace sorvex {
 
-/// Empty where the resource cannot be read.
+/// The version resource; fields that cannot be read are empty.
 VersionInfo ReadVersionResource();
 
 }  // namespace sorvex

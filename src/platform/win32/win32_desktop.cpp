@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Windows and waits, and the desktop's services.
+// Windows, event delivery and modal waits.
 #include "platform/win32/win32_desktop.h"
 
 #include <algorithm>
@@ -30,10 +30,10 @@ void Win32Desktop::Show(Form& form, Form* owner) {
     window = shown_.emplace_back(std::make_unique<FormWindow>(std::move(context), Find(owner))).get();
   }
   const Finally close([&] {
-    // An error that leaves the main form, still loaded, is reported over its window, and the form shown again.
+    // After an exception the main form stays loaded: keep its window, so that the error is shown above it.
     if (owner != nullptr || !form.Loaded || handlers_.Ended()) Remove(form);
   });
-  // What the loss of the pointer throws must not take the place of what is to be shown, which may tell of an error.
+  // An exception from losing the pointer is rethrown after the box, which may report an earlier error.
   const std::exception_ptr late = handlers_.Attempt([this] { LosePointers(); });
   handlers_.Serve([&] {
     Sync();
@@ -57,7 +57,7 @@ void Win32Desktop::DeliverEvents(int patience) {
   });
 }
 
-// True when there was anything.
+// Returns whether any event was pending.
 bool Win32Desktop::DeliverPending() {
   bool any = false;
   MSG message;
@@ -88,7 +88,7 @@ void Win32Desktop::WaitInBox(const std::function<void(HWND owner)>& show) {
     if (!handlers_.Leaving()) show(shown_.empty() ? nullptr : shown_.back()->Handle());
   };
   const Finally forget([] {
-    // What made the box's loop return is meant for no other loop.
+    // Remove the WM_QUIT that ended the box's loop, so that it does not end another one.
     MSG message;
     while (::PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE) != 0) {
     }
@@ -132,7 +132,7 @@ TwipRatio Win32Desktop::TwipsPerPixel() {
   return twips;
 }
 
-void Win32Desktop::PrepareWaves(std::span<const std::string> /*paths*/) {}  // the system reads a file when it plays
+void Win32Desktop::PrepareWaves(std::span<const std::string> /*paths*/) {}  // Windows reads a file when it is played
 
 VersionInfo Win32Desktop::Version() { return ReadVersionResource(); }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The desktop as Windows gives it.
+// The Desktop implementation for Windows.
 #pragma once
 
 #include <functional>

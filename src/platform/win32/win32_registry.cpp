@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The registry's own functions.
+// Calls the registry functions of the Windows API.
 #include "platform/win32/win32_registry.h"
 
 #include <windows.h>
@@ -9,7 +9,7 @@
 namespace sorvex {
 namespace {
 
-// Windows keeps its handles within 32 bits, sign-extended where a pointer has 64.
+// Registry handles have 32 significant bits, sign-extended to 64.
 HKEY ToNative(RegistryKey key) { return reinterpret_cast<HKEY>(static_cast<INT_PTR>(static_cast<int>(key))); }
 RegistryKey FromNative(HKEY key) { return static_cast<RegistryKey>(reinterpret_cast<UINT_PTR>(key)); }
 
@@ -47,7 +47,7 @@ Long Win32Registry::Set(RegistryKey key, const std::string& name, std::uint32_t 
   const auto* given = static_cast<const char*>(data);
   std::string bytes = type == kRegSz ? ToAnsi(given) : std::string(given, size);
   bytes.resize(size);
-  bytes += '.';  // a zero right behind a text that has none would be stored with it
+  bytes += '.';  // RegSetValueEx would also store a zero byte that happens to follow the text
   return ::RegSetValueExA(ToNative(key), ToAnsi(name).c_str(), 0, type, reinterpret_cast<const BYTE*>(bytes.data()),
                           size);
 }

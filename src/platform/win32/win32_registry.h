@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The system's registry.
+// The Windows registry.
 #pragma once
 
 #include "platform/registry.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Clock, pointer, sounds, addresses, date, folder.
+// Desktop services: clock, pointer, sounds, addresses, date, folder, files.
 #include <windows.h>
 #include <mmsystem.h>
 #include <shellapi.h>
@@ -17,7 +17,7 @@
 namespace sorvex {
 namespace {
 
-// The path for the functions that take 8-bit text: by its short name where the encoding lacks one of its letters.
+// The path in the ANSI code page; its short form if the code page lacks one of its characters.
 std::string AnsiPath(const std::string& path) {
   const std::wstring wide = ToWide(path);
   std::wstring name = wide;
@@ -33,7 +33,7 @@ std::string AnsiPath(const std::string& path) {
   return ToAnsi(FromWide(name));
 }
 
-// A folder or a device, or too long: the system would read it whole.
+// True for folders, devices and files over the size limit, which the system would read completely.
 bool IsNoSound(const std::string& path) {
   WIN32_FILE_ATTRIBUTE_DATA found{};
   if (::GetFileAttributesExW(ToWide(path).c_str(), GetFileExInfoStandard, &found) == 0) return false;
@@ -52,7 +52,7 @@ ScreenPoint Win32Desktop::PointerPosition() {
 }
 
 void Win32Desktop::PlayWave(const std::string& path) {
-  // Where there is no such file, the system plays that default sound too.
+  // The system plays this default sound for missing files, too.
   const std::string sound = IsNoSound(path) ? "SystemDefault" : AnsiPath(path);
   ::sndPlaySoundA(sound.c_str(), SND_ASYNC);
 }
@@ -67,7 +67,7 @@ std::string Win32Desktop::ShortDate() {
   };
   std::wstring date(static_cast<std::size_t>(format(nullptr, 0)), L'\0');
   const int size = format(date.data(), static_cast<int>(date.size()));
-  date.resize(static_cast<std::size_t>(std::max(size - 1, 0)));  // without its terminating zero
+  date.resize(static_cast<std::size_t>(std::max(size - 1, 0)));  // without the terminating zero
   return FromWide(date);
 }
 
@@ -86,7 +86,7 @@ std::wstring ProgramPath() {
 std::string Win32Desktop::ProgramFolder() {
   const std::wstring path = ProgramPath();
   const std::size_t end = path.find_last_of(L'\\');
-  // Of a drive's root the separator is part.
+  // A drive's root keeps its separator.
   return FromWide(path.substr(0, end == 2 ? end + 1 : end));
 }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Replaces a file by a complete new one: written beside it, flushed, moved over it.
+// Atomic replacement: writes a temporary file in the same folder, flushes it, and moves it over the old one.
 #include "platform/win32/write_whole_file.h"
 
 #include <windows.h>
@@ -40,7 +40,7 @@ RuntimeError ErrorOf(DWORD code) {
   }
 }
 
-// To be called before anything else changes the system's last error.
+// Throws the system's last error unless `succeeded`. Call it before anything else changes that error.
 void Check(bool succeeded) {
   if (!succeeded) throw ErrorOf(::GetLastError());
 }
@@ -68,7 +68,7 @@ class File {
     return static_cast<std::uint64_t>(size.QuadPart);
   }
 
-  /// Sets the end of the file; a longer file has its room reserved then. The next byte is written at the start.
+  /// Sets the file's size in bytes, reserving disk space if it grows, and moves the file pointer to the start.
   void Resize(std::uint64_t size) const {
     Seek(size);
     Check(::SetEndOfFile(handle_) != 0);
@@ -98,10 +98,10 @@ class File {
   HANDLE handle_;
 };
 
-// A new file; gone again unless it was moved.
+// A new file that is deleted unless it is moved.
 class TemporaryFile {
  public:
-  /// nullopt and the system's last error when nothing can be created in `folder`.
+  /// nullopt, with the system's last error set, if no file can be created in `folder`.
   static std::optional<TemporaryFile> Create(const fs::path& folder) {
     for (;;) {
       fs::path path = folder / TemporaryName();
@@ -124,11 +124,11 @@ class TemporaryFile {
 
   const File& Content() const { return file_; }
 
-  /// False and the system's last error when it could not take the place of `target`.
+  /// Moves the file over `target`; false, with the system's last error set, on failure.
   bool MoveTo(const fs::path& target) {
     file_.Close();
-    // Replacing keeps the old file's permissions. It needs an old file and a file system that can do it; failing half
-    // way it leaves the target's name free.
+    // ReplaceFile preserves the old file's permissions, but needs an existing file and support by the file system. If
+    // it fails midway, `target` does not exist any more. MoveFileEx handles all these cases.
     const bool moved =
         ::ReplaceFileW(target.c_str(), path_.c_str(), nullptr, REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr, nullptr) ||
         ::MoveFileExW(path_.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH);
@@ -143,16 +143,16 @@ class TemporaryFile {
   File file_;
 };
 
-// Keeps other copies of the program out while it lives: a file that only one of them can have open, which goes with it.
-// Where it cannot be created, or somebody stands still with it, it is done without: a time that is saved twice at once
-// may then be lost, but no player waits.
+// A lock on the folder against other copies of the program: a file opened exclusively and deleted on close. If it
+// cannot be created, or another process holds it for too long, the save continues without it: losing one of two times
+// saved at the same moment is better than blocking the player.
 class FolderLock {
  public:
   explicit FolderLock(const fs::path& folder) {
     constexpr DWORD kStep = 5;          // milliseconds
-    constexpr DWORD kPatience = 10000;  // a busy disk takes its time
+    constexpr DWORD kPatience = 10000;  // a save to a busy disk may take seconds
     for (DWORD waited = 0; !TryToLock(folder) && waited < kPatience; waited += kStep) {
-      // One that is being removed cannot be created again yet.
+      // ERROR_ACCESS_DENIED for an existing file: it is being deleted and cannot be created again yet.
       const DWORD error = ::GetLastError();
       const bool isThere = ::GetFileAttributesW((folder / kName).c_str()) != INVALID_FILE_ATTRIBUTES;
       if (error != ERROR_SHARING_VIOLATION && (error != ERROR_ACCESS_DENIED || !isThere)) return;
@@ -172,7 +172,8 @@ class FolderLock {
   std::optional<File> file_;
 };
 
-// A move would replace a link itself, so it is followed here. Only links are looked at: not every drive has full paths.
+// A move would replace a link itself, so it is resolved here. Other paths are unchanged: not every drive supports
+// resolving them.
 fs::path FollowLink(const fs::path& path) {
   const DWORD attributes = ::GetFileAttributesW(path.c_str());
   if (attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0) return path;
@@ -198,7 +199,7 @@ bool ExistsWritable(const fs::path& target) {
   return true;
 }
 
-// False when the file there has to be overwritten where it stands.
+// Returns false if the existing file cannot be replaced and must be overwritten in place.
 bool TryReplace(const fs::path& target, bool exists, std::string_view bytes) {
   std::optional<TemporaryFile> fresh = TemporaryFile::Create(target.parent_path());
   if (fresh) {
