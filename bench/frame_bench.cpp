@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Times frames in the front end's own window, whichever it is: each is drawn, shown, and the events after it delivered,
-// as the game's loop does it.
+// Times frames in a window of the front end that the program is linked with: each is composed, shown and followed by
+// event delivery, as in the frame loop.
 #include <algorithm>
 #include <cstdio>
 #include <memory>

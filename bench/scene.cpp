@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Drawing the generated games' pictures and writing them as themes.
+// Generates the games' pictures and writes them as themes.
 #include "scene.h"
 
 #include <algorithm>
@@ -20,7 +20,7 @@ namespace {
 
 constexpr int kGap = 5;  // between a container's wall and the item at rest
 
-// A wave file of 8,000 samples of 8 bits a second that has none.
+// A wave file (8-bit, 8,000 Hz) without samples.
 constexpr std::string_view kSilence(
     "RIFF\x24\0\0\0WAVEfmt \x10\0\0\0\1\0\1\0\x40\x1F\0\0\x40\x1F\0\0\1\0\x8\0data\0\0\0\0", 44);
 
@@ -64,7 +64,7 @@ Shape Ring(Size size) {
   };
 }
 
-// SORVEX_BENCH_SEED draws other pictures.
+// The random seed; the environment variable SORVEX_BENCH_SEED overrides it.
 std::uint32_t Seed() {
   const char* chosen = std::getenv("SORVEX_BENCH_SEED");
   return chosen == nullptr ? 20261124 : static_cast<std::uint32_t>(std::strtoul(chosen, nullptr, 10));

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Generated games of three sizes to time: random colours, ragged items, U-shaped containers, a ring as the target.
+// Generated games of three sizes for benchmarks: random colors, ragged items, U-shaped containers, a ring as target.
 #pragma once
 
 #include <cstdint>
@@ -24,7 +24,7 @@ inline constexpr SceneDesign kScenes[] = {
     {"L", {1920, 1080}, 21, {96, 96}, {160, 320}, {300, 240}},
 };
 
-/// A game in progress with item 0 standing inside its container without touching it.
+/// A game in progress in which item 0 is inside its container without touching it.
 class Scene {
  public:
   Scene(Desktop& desktop, const SceneDesign& design);
@@ -34,7 +34,7 @@ class Scene {
   Game game;
 };
 
-/// Writes the theme folder that such a game is loaded from.
+/// Writes the scene as a theme into `folder`.
 void WriteTheme(const Scene& scene, const std::filesystem::path& folder);
 
 }  // namespace sorvex::bench

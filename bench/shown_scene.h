@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A generated game in a real window, and the frames of it that are timed. Knows no front end.
+// A generated game in a real window, and the frames that are timed. Front-end independent.
 #pragma once
 
 #include <functional>
@@ -8,17 +8,17 @@
 
 namespace sorvex::bench {
 
-/// Shows the game's window, calls `play` once it is up, and closes it.
+/// Shows the game's window, calls `play` once, and closes the window.
 void PlayInWindow(Desktop& desktop, const SceneDesign& design, const std::function<void(Scene&)>& play);
 
-/// Takes item 0 to where it can move up and down by 3 pixels without a touch.
+/// Moves item 0 to where it can move up and down by 3 pixels without contact.
 void PrepareToMove(Scene& scene);
-/// The next frame after item 0 moved by 3 pixels, there and back by turns.
+/// Moves item 0 by 3 pixels, up and down alternately by `turn`, and shows the frame.
 void ShowMovingFrame(Scene& scene, int turn);
-/// A frame of which nothing is known yet.
+/// Shows a frame with a full redraw, as if nothing were known of the last one.
 void ShowFullFrame(Scene& scene);
 
-/// The mean time in milliseconds of `work`, called with 0, 1, ...; `await` returns once what it asked for is done.
+/// The mean time of `work` in milliseconds. Calls it with 0, 1, ...; `await` blocks until its drawing is finished.
 double MeanTime(const std::function<void(int)>& work, const std::function<void()>& await);
 
 }  // namespace sorvex::bench

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Times frames, contact tests, slides and theme loads in games of three sizes, beside yardsticks timed in the same run.
-// docs/performance.md says what each may cost.
+// Times frames, contact tests, return animations and theme loads in games of three sizes, and reference workloads in
+// the same run. docs/performance.md lists the limits.
 #include <benchmark/benchmark.h>
 #include <malloc.h>
 
@@ -27,7 +27,7 @@
 namespace sorvex::bench {
 namespace {
 
-// Reads every pixel of `box`: copying it over the same few lines of the cache is the fastest way to do so.
+// Reads every pixel of `box`, by copying it to a buffer that stays in the cache, the fastest way to do so.
 void ReadPixels(const Bitmap& bitmap, const Rectangle& box) {
   std::array<Pixel, 1024> lines;
   for (int y = box.top; y < box.bottom; ++y) {
@@ -40,8 +40,8 @@ void ReadPixels(const Bitmap& bitmap, const Rectangle& box) {
   }
 }
 
-// What a frame cannot do without inside `box`: background to back buffer to play field, and one reading of the pictures
-// and masks that are drawn there.
+// The minimum memory traffic of a frame inside a dirty rectangle: copying the background to the back buffer and on to
+// the play field, and reading once the pictures and masks drawn there.
 class FrameBytes {
  public:
   explicit FrameBytes(const Scene& scene)
@@ -84,14 +84,14 @@ class FrameBytes {
   std::vector<Drawn> drawn_;
 };
 
-// What the whole field's bytes cost.
+// The minimum memory traffic of a full redraw.
 void FrameLimit(benchmark::State& run, const SceneDesign& design) {
   const UnseenScene scene(design);
   FrameBytes bytes(scene);
   for (auto _ : run) bytes.Move(Rectangle::At(0, 0, design.field));
 }
 
-// What the bytes cost inside the dirty rectangle of an item that moves by 3 pixels.
+// The minimum memory traffic in the dirty rectangle of an item that moves by 3 pixels.
 void MovingLimit(benchmark::State& run, const SceneDesign& design) {
   const UnseenScene scene(design);
   FrameBytes bytes(scene);
@@ -100,7 +100,7 @@ void MovingLimit(benchmark::State& run, const SceneDesign& design) {
   for (auto _ : run) bytes.Move(box);
 }
 
-// A full redraw and both tests: nothing is known of the last frame.
+// A full redraw and both tests.
 void Frame(benchmark::State& run, const SceneDesign& design) {
   UnseenScene scene(design);
   for (auto _ : run) {
@@ -111,7 +111,7 @@ void Frame(benchmark::State& run, const SceneDesign& design) {
   }
 }
 
-// The frame after the dragged item moved by 3 pixels, there and back.
+// A frame after the dragged item moved by 3 pixels, up and down alternately.
 void Moving(benchmark::State& run, const SceneDesign& design) {
   UnseenScene scene(design);
   scene.state.ItemY(0) = static_cast<Integer>(scene.state.ItemY(0) - 4);
@@ -124,7 +124,7 @@ void Moving(benchmark::State& run, const SceneDesign& design) {
   }
 }
 
-// The next frame when nothing changed.
+// A frame in which nothing changed.
 void Still(benchmark::State& run, const SceneDesign& design) {
   UnseenScene scene(design);
   while (DrawAndTestFrame(scene.game)) {
@@ -146,7 +146,7 @@ void Contact(benchmark::State& run, const SceneDesign& design) {
     if (Touches(scene, scene.form.picCD)) run.SkipWithError("the item touches its container");
 }
 
-// The same question asked of the two masks' pixels, one by one.
+// The contact test on single mask pixels, as a reference.
 void ContactByPixel(benchmark::State& run, const SceneDesign& design) {
   const UnseenScene scene(design);
   const Bitmap& item = scene.form.PicMask(0).Image();
@@ -164,7 +164,7 @@ void ContactByPixel(benchmark::State& run, const SceneDesign& design) {
   }
 }
 
-// The whole slide of an item from 300 pixels away back to its rest.
+// A return animation over 300 pixels.
 void Slide(benchmark::State& run, const SceneDesign& design) {
   UnseenScene scene(design);
   modVariables& state = scene.state;
@@ -177,7 +177,7 @@ void Slide(benchmark::State& run, const SceneDesign& design) {
   }
 }
 
-/// A theme of the scene's sizes with as many items as a theme may have.
+/// A theme on disk with the scene's sizes and the maximum number of items.
 struct StoredTheme {
   explicit StoredTheme(SceneDesign design) {
     design.items = kMostItems;
@@ -186,7 +186,7 @@ struct StoredTheme {
   TempFolder folder;
 };
 
-// The toolkit's front end loads a theme whose files the system has in memory.
+// The Qt front end loads a theme whose files are in the page cache.
 void LoadTheme(benchmark::State& run, const SceneDesign& design, Desktop& desktop) {
   const StoredTheme theme(design);
   frmMain form;
@@ -199,7 +199,7 @@ void LoadTheme(benchmark::State& run, const SceneDesign& design, Desktop& deskto
     if (!sorvex::LoadTheme(game, state.ThemeName)) run.SkipWithError("no theme was loaded");
 }
 
-// The toolkit's reader alone reads and decodes the same files.
+// Qt's decoder alone reads and decodes the same files, as a reference.
 void DecodeFiles(benchmark::State& run, const SceneDesign& design) {
   const StoredTheme theme(design);
   std::vector<QString> bitmaps;
@@ -235,8 +235,8 @@ void RegisterAll(Desktop& desktop) {
 }  // namespace sorvex::bench
 
 int main(int argc, char** argv) {
-  // The heap keeps what is freed: whether it hands large blocks back to the system depends on the order in which they
-  // are freed, and the page faults of fetching them again would count for one of two figures that are compared.
+  // Never return freed memory to the system: whether malloc does depends on the order of frees, and the page faults of
+  // getting it back would distort comparisons.
   ::mallopt(M_MMAP_THRESHOLD, 1 << 30);
   ::mallopt(M_TRIM_THRESHOLD, 1 << 30);
   ::setenv("QT_QPA_PLATFORM", "offscreen", 0);

@@ -7,7 +7,7 @@
 
 namespace sorvex::bench {
 
-/// A game whose surfaces are shown nowhere.
+/// A game on the headless front end.
 struct UnseenScene : private HeadlessDesktop, Scene {
   explicit UnseenScene(const SceneDesign& design) : HeadlessDesktop(""), Scene(*this, design) {}
 };

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Plays real windows on an empty X screen and prints what they cost beside what they may cost. docs/performance.md says
-// how to run it.
+// Measures real windows on an empty X screen and prints each result beside its limit. docs/performance.md says how to
+// run it.
 #include <xcb/xcb.h>
 
 #include <QApplication>
@@ -45,16 +45,16 @@ void Print(const std::string& what, double value, const char* unit, double mark)
   std::fflush(stdout);
 }
 
-// Until the X server has done all that this program asked of it.
+// Blocks until the X server has processed all requests of this program.
 void WaitForServer() {
   xcb_connection_t* server = qApp->nativeInterface<QNativeInterface::QX11Application>()->connection();
   std::free(::xcb_get_input_focus_reply(server, ::xcb_get_input_focus(server), nullptr));
 }
 
-// The mean time of a call whose drawing is awaited, milliseconds.
+// The mean time of a call in milliseconds, including its drawing by the X server.
 double TimeShown(const std::function<void(int)>& work) { return MeanTime(work, WaitForServer); }
 
-/// The least that shows a picture.
+/// A minimal widget that shows a picture.
 class BarePicture final : public QWidget {
  public:
   explicit BarePicture(const QImage& image) : image_(image) { setFixedSize(image.size()); }
@@ -73,7 +73,7 @@ struct FrameTimes {
   double bare = 1e9;
 };
 
-// Called while the form is shown. The least of five repetitions, the kinds by turns.
+// Call it while the form is shown. Takes the minimum of five interleaved repetitions.
 FrameTimes TimeFrames(Scene& scene) {
   // The windows must not cover each other.
   for (QWidget* window : QApplication::topLevelWidgets()) window->move(0, 0);
@@ -109,7 +109,7 @@ void BenchFrames(int& argc, char** argv) {
   Print("moving/L", times.back().moving, "ms", 1.5 * times.front().moving);
 }
 
-/// The screen, and programs on it that know nothing of the desktop around.
+/// The X screen and the programs started on it, isolated from the user's desktop.
 class Stage {
  public:
   Stage() {
@@ -125,7 +125,7 @@ class Stage {
              {"LANG", "C.UTF-8"}}};
   }
 
-  /// The window's drawing area once something is painted there: nothing else is on the black screen.
+  /// Waits until something is painted on the otherwise black screen; returns the window's client area in screen pixels.
   Rectangle AwaitWindow(const std::string& title) {
     Rectangle client;
     const auto painted = [&] {
@@ -166,21 +166,21 @@ void BenchStartUp(Stage& stage) {
   Print("start to painted window", Median(game), "ms", 1.3 * Median(bare));
 }
 
-constexpr int kFieldInset = 8 + 2;  // from the window's corner to the drawing area's: the field's place and its frame
+constexpr int kFieldInset = 8 + 2;  // from the client area's corner to the field's drawing area: position and frame
 
-// The median time from a movement's sending to the moved item on the screen, with item 0 held above its container.
+// The median time from sending a move until the moved item is on the screen; item 0 is dragged above its container.
 double TimeDrag(Player& player, const SceneDesign& design, const Rectangle& field) {
   const int restX = field.left + 5 + design.item.width / 2;
   const int restY = field.top + design.container.height - 5 - design.item.height / 2;
   const int openX = field.left + design.container.width + 10 + design.item.width / 2;
   const int openY = field.top + 10 + design.item.height / 2;
-  // While the window manager considers what a press means to it, the server joins the movements that follow.
+  // After a press the server coalesces moves until the window manager has handled it.
   const auto settle = [] { std::this_thread::sleep_for(std::chrono::milliseconds(200)); };
   player.Move(restX, restY);
   settle();
   player.Press();
   settle();
-  player.Move(restX, restY - 1);  // a drag begins on the item
+  player.Move(restX, restY - 1);  // a drag begins on the item's opaque pixels
   settle();
   player.Move(openX, openY);
   settle();
