@@ -34,7 +34,7 @@ Bitmap Mask(Size size, const Shape& isOpaque) {
   return mask;
 }
 
-Bitmap Coloured(const Bitmap& mask, std::mt19937& random) {
+Bitmap Colored(const Bitmap& mask, std::mt19937& random) {
   Bitmap picture(mask.Extent(), kWhite);
   for (int y = 0; y < mask.Height(); ++y)
     for (int x = 0; x < mask.Width(); ++x)
@@ -71,7 +71,7 @@ std::uint32_t Seed() {
 }
 
 void SetPair(PictureBox& picture, PictureBox& mask, Bitmap shape, std::mt19937& random) {
-  picture.SetPicture(MakePicture(Coloured(shape, random)));
+  picture.SetPicture(MakePicture(Colored(shape, random)));
   mask.SetPicture(MakeMask(std::move(shape)));
 }
 
@@ -80,7 +80,7 @@ void SetPair(PictureBox& picture, PictureBox& mask, Bitmap shape, std::mt19937& 
 Scene::Scene(Desktop& desktop, const SceneDesign& design) : game{desktop, form, state} {
   std::mt19937 random(Seed());
   PaintDesign(desktop, form);
-  form.picBg1.SetPicture(MakePicture(Coloured(Mask(design.field, [](int, int) { return true; }), random)));
+  form.picBg1.SetPicture(MakePicture(Colored(Mask(design.field, [](int, int) { return true; }), random)));
   form.picBG2.SetPicture(MakeTwin(form.picBg1.PictureObject()));
   form.PicBlank.SetPicture(form.picBg1.PictureObject());
   form.PicCanvas.Resize(form.PicBlank.Width, form.PicBlank.Height);

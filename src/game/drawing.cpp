@@ -78,20 +78,20 @@ BoxList Differences(const frmMain& form, const FrameContent& before, const Frame
 }  // namespace
 
 void DrawMasked(Bitmap& dest, int x, int y, const PictureBox& picture, const PictureBox& mask, const Rectangle& clip) {
-  const Bitmap& colours = picture.Image();
+  const Bitmap& colors = picture.Image();
   const Bitmap& cutout = mask.Image();
   const Rectangle area =
       Intersection(Intersection(Rectangle::At(x, y, picture.OuterSize()), clip), dest.Bounds()).Moved(-x, -y);
   if (area.Empty()) return;
   for (int row = area.top; row < area.bottom; ++row) {
-    const int coloured = RowWidth(colours, row, area.right);
+    const int colored = RowWidth(colors, row, area.right);
     const int masked = RowWidth(cutout, row, area.right);
     Pixel* out = dest.Row(y + row) + x;
-    const Pixel* colour = coloured > 0 ? colours.Row(row) : nullptr;
+    const Pixel* color = colored > 0 ? colors.Row(row) : nullptr;
     const Pixel* cut = masked > 0 ? cutout.Row(row) : nullptr;
     int column = area.left;
-    for (; column < std::min(coloured, masked); ++column) out[column] = (out[column] | ~cut[column]) & colour[column];
-    for (; column < coloured; ++column) out[column] &= colour[column];
+    for (; column < std::min(colored, masked); ++column) out[column] = (out[column] | ~cut[column]) & color[column];
+    for (; column < colored; ++column) out[column] &= color[column];
     for (; column < masked; ++column) out[column] |= ~cut[column];
   }
 }

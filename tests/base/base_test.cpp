@@ -16,7 +16,7 @@ namespace {
 
 using namespace std::string_literals;
 
-TEST(Numbers, RoundHalvesToTheEvenNeighbourAndOverflowBeyondTheRange) {
+TEST(Numbers, RoundHalvesToTheEvenNeighborAndOverflowBeyondTheRange) {
   const std::pair<double, int> cases[] = {{2.5, 2},  {3.5, 4},  {-0.5, 0},   {-1.5, -2},       {-2.5, -2},
                                           {2.49, 2}, {2.51, 3}, {-2.51, -3}, {32767.4, 32767}, {-32768.5, -32768}};
   for (const auto& [value, rounded] : cases) EXPECT_EQ(ToInteger(value), rounded) << value;

@@ -30,16 +30,16 @@ std::string LittleEndian(std::uint32_t value, int count) {
 // 3 x 2 pixels; the palette, where the depth has one, begins with `first`, red, green, blue, white.
 std::string File(std::uint32_t bits, std::uint32_t compression, const std::string& rows, int height = 2,
                  Pixel first = kBlack) {
-  const std::uint32_t colours = bits <= 8 ? 1U << bits : 0;
-  const std::uint32_t offset = 54 + 4 * colours + (compression == 3 ? 12 : 0);  // with its masks, which open `rows`
+  const std::uint32_t colors = bits <= 8 ? 1U << bits : 0;
+  const std::uint32_t offset = 54 + 4 * colors + (compression == 3 ? 12 : 0);  // with its masks, which open `rows`
   std::string file = "BM" + LittleEndian(offset + static_cast<std::uint32_t>(rows.size()), 4) + LittleEndian(0, 4) +
                      LittleEndian(offset, 4);
   for (const std::uint32_t field : {40U, 3U, static_cast<std::uint32_t>(height)}) file += LittleEndian(field, 4);
   file += LittleEndian(1, 2) + LittleEndian(bits, 2) + LittleEndian(compression, 4);
   file += LittleEndian(static_cast<std::uint32_t>(rows.size()), 4) + std::string(16, '\0');
   std::string palette;
-  for (const Pixel colour : {first, kRed, kGreen, kBlue, kWhite}) palette += LittleEndian(colour & 0xFFFFFF, 4);
-  palette.resize(4 * colours);
+  for (const Pixel color : {first, kRed, kGreen, kBlue, kWhite}) palette += LittleEndian(color & 0xFFFFFF, 4);
+  palette.resize(4 * colors);
   return file + palette + rows;
 }
 

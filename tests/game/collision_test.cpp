@@ -10,12 +10,12 @@
 namespace sorvex {
 namespace {
 
-constexpr Pixel kWorkColour = 0xFFC00000;
+constexpr Pixel kWorkColor = 0xFFC00000;
 constexpr Size kDesigned{61, 69};
 
 PictureBox WorkSurface() {
   PictureBox work;
-  work.Background = kWorkColour;
+  work.Background = kWorkColor;
   work.Resize(kDesigned.width + 4, kDesigned.height + 4);
   return work;
 }
@@ -27,7 +27,7 @@ TEST(Contact, IsWhatTheRasterProcedureFinds) {
   int contacts = 0;
   for (int series = 0; series < 400; ++series) {
     PictureBox work = WorkSurface();
-    Bitmap plainWork(kDesigned, kWorkColour);
+    Bitmap plainWork(kDesigned, kWorkColor);
     for (int round = 0; round < 10; ++round) {
       const auto [itemMask, containerMask, dx, dy] = RandomContact(random, {140, 30});
 
@@ -46,7 +46,7 @@ TEST(Contact, IsWhatTheRasterProcedureFinds) {
   EXPECT_LT(contacts, 3800);
 }
 
-TEST(Placement, NeedsTheCentreStrictlyInsideTheTarget) {
+TEST(Placement, NeedsTheCenterStrictlyInsideTheTarget) {
   const PictureBox target = AutoSurface(Bitmap({40, 30}), Frame::Flat);  // at 100, 100
   const struct {
     Size item;

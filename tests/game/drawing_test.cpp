@@ -19,9 +19,9 @@ TEST(Drawing, PixelsAreThoseOfTheTwoRasterOperations) {
     const Frame frame = random.Number(0, 1) == 0 ? Frame::Sunken : Frame::Flat;
     const Size size{random.Number(1, 24), random.Number(1, 24)};
     const Size maskSize = random.Number(0, 1) == 0 ? size : Size{random.Number(1, 30), random.Number(1, 30)};
-    const auto colours = random.Number(0, 2) == 0 ? Colors::Any : Colors::MaskLike;
+    const auto colors = random.Number(0, 2) == 0 ? Colors::Any : Colors::MaskLike;
     const PictureBox picture = AutoSurface(random.Bitmap(size, Colors::Any), frame);
-    const PictureBox mask = AutoSurface(random.Bitmap(maskSize, colours), frame);
+    const PictureBox mask = AutoSurface(random.Bitmap(maskSize, colors), frame);
     const int x = random.Number(-35, 45);
     const int y = random.Number(-35, 45);
 

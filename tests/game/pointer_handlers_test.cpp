@@ -119,8 +119,8 @@ TEST_F(Pointer, MovementIsIgnoredInTheLockOutPressesAndReleasesAreNot) {
 
 TEST_F(Pointer, OnlyPureBlackOfTheMaskIsOpaque) {
   Bitmap pixels({5, 1}, kWhite);
-  const Pixel colours[] = {kBlack, 0xFF010000, 0xFF000001, 0xFF808080, kWhite};
-  std::ranges::copy(colours, pixels.Row(0));
+  const Pixel colors[] = {kBlack, 0xFF010000, 0xFF000001, 0xFF808080, kWhite};
+  std::ranges::copy(colors, pixels.Row(0));
   const PictureBox mask = AutoSurface(pixels);
   for (Integer y = 6; y <= 8; ++y)
     for (Integer x = 99; x < 106; ++x)

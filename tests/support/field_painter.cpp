@@ -14,8 +14,8 @@ Bitmap FieldPainter::Paint(const std::vector<Placed>& items, std::optional<Place
   const auto read = [this](const std::string& name) { return DecodeBitmap(ReadWholeFile(folder_ / name)).value(); };
   Bitmap field = read("bg.bmp");
   const auto draw = [&](int x, int y, const std::string& picture, const std::string& mask) {
-    const Bitmap colours = read(picture);
-    DrawInFull(field, x, y, colours.Extent(), colours, read(mask));
+    const Bitmap colors = read(picture);
+    DrawInFull(field, x, y, colors.Extent(), colors, read(mask));
   };
   draw(targetX_, targetY_, "pS.bmp", "pM.bmp");
   for (const auto& [number, x, y] : items)

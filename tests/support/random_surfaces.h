@@ -25,11 +25,11 @@ class Random {
 
   int Number(int from, int to) { return std::uniform_int_distribution<int>(from, to)(engine_); }
 
-  sorvex::Bitmap Bitmap(Size size, Colors colours) {
+  sorvex::Bitmap Bitmap(Size size, Colors colors) {
     sorvex::Bitmap bitmap(size);
     for (int y = 0; y < size.height; ++y)
       for (int x = 0; x < size.width; ++x)
-        bitmap.Row(y)[x] = colours == Colors::Any ? kBlack | static_cast<Pixel>(engine_()) : MaskPixel();
+        bitmap.Row(y)[x] = colors == Colors::Any ? kBlack | static_cast<Pixel>(engine_()) : MaskPixel();
     return bitmap;
   }
 
@@ -64,9 +64,8 @@ inline PictureBox AutoSurface(Bitmap pixels, Frame frame = Frame::Sunken) {
 /// contact test can tell.
 struct RandomContact {
   RandomContact(Random& random, Size largestContainer)
-      : containerMask(AutoSurface(
-            random.Bitmap({random.Number(1, largestContainer.width), random.Number(1, largestContainer.height)},
-                          Colors::MaskLike))) {
+      : containerMask(AutoSurface(random.Bitmap(
+            {random.Number(1, largestContainer.width), random.Number(1, largestContainer.height)}, Colors::MaskLike))) {
     const Size container = containerMask.ScaleSize();
     const Size item{random.Number(1, std::min(container.width + 4, 277)),
                     random.Number(1, std::min(container.height + 4, 261))};

@@ -15,7 +15,7 @@
 namespace sorvex {
 namespace {
 
-constexpr Pixel kWorkColour = 0xFFC00000;
+constexpr Pixel kWorkColor = 0xFFC00000;
 constexpr int kSunken = 2;  // frames of surfaces, a side
 constexpr int kFlat = 1;
 constexpr int kLeft = 1;
@@ -203,13 +203,13 @@ std::string NameOfFrame(const Bitmap& frame) {
 bool ContactByRasterOperations(int dx, int dy, const Bitmap& itemMask, const Bitmap& containerMask, Bitmap& work) {
   const Size item = Outer(itemMask, kSunken);
   Bitmap inverted(item, kWhite);
-  work = Bitmap(work.Extent(), kWorkColour);
+  work = Bitmap(work.Extent(), kWorkColor);
   BitBlt(work, 0, 0, work.Extent(), containerMask, dx, dy, RasterOperation::MergePaint);
   BitBlt(work, 0, 0, work.Extent(), containerMask, dx, dy, RasterOperation::SrcInvert);
   BitBlt(inverted, 0, 0, item, itemMask, 0, 0, RasterOperation::SrcInvert);
   BitBlt(work, 0, 0, item, inverted, 0, 0, RasterOperation::MergePaint);
   BitBlt(work, 0, 0, item, inverted, 0, 0, RasterOperation::SrcAnd);
-  Bitmap resized(itemMask.Extent(), kWorkColour);
+  Bitmap resized(itemMask.Extent(), kWorkColor);
   BitBlt(resized, 0, 0, resized.Extent(), work, 0, 0, RasterOperation::SrcCopy);
   work = std::move(resized);
   return std::ranges::count(work.Pixels(), kWhite) > 0;

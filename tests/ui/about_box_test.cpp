@@ -80,7 +80,7 @@ TEST_F(About, TheLogoFollowsThePointerWithCtrlAloneUntilTheRelease) {
 }
 
 // On a dark desktop the colour of its texts is white, on the box's yellow as well.
-TEST_F(About, NoTextTakesItsColourFromTheDesktop) {
+TEST_F(About, NoTextTakesItsColorFromTheDesktop) {
   Open([](frmAbout& box) {
     for (const Control* control : box.Controls) {
       const auto* label = dynamic_cast<const Label*>(control);

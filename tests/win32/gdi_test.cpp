@@ -12,7 +12,7 @@
 namespace sorvex {
 namespace {
 
-constexpr Pixel kColour = 0xFFFFFF;  // GDI may set the byte above it
+constexpr Pixel kColor = 0xFFFFFF;  // GDI may set the byte above it
 
 // A surface in GDI's hands.
 class Dib {
@@ -49,7 +49,7 @@ class Dib {
   bool Shows(const Bitmap& expected) const {
     ::GdiFlush();
     return std::ranges::equal(pixels_, expected.Pixels(),
-                              [](Pixel a, Pixel b) { return (a & kColour) == (b & kColour); });
+                              [](Pixel a, Pixel b) { return (a & kColor) == (b & kColor); });
   }
 
  private:
