@@ -58,7 +58,7 @@ void FormController::ArmTimer() {
 
 void FormController::RunTimers() {
   if (NextTimer(form_, desktop_.TickCount()) != 0) return;
-  handlers_.Run([this] { RunDueTimers(form_, desktop_.TickCount()); });
+  runner_.Run([this] { RunDueTimers(form_, desktop_.TickCount()); });
 }
 
 void FormController::TimerFired() {
@@ -94,7 +94,7 @@ bool FormController::Escape() { return Activate(ButtonForEscape(form_)); }
 
 bool FormController::Activate(const CommandButton* button) {
   if (button != nullptr)
-    handlers_.Run(button->Click);
+    runner_.Run(button->Click);
   else if (ClosesByEnterAndEscape(form_))
     Close();
   else
@@ -104,7 +104,7 @@ bool FormController::Activate(const CommandButton* button) {
 
 bool FormController::FunctionKey(int key) {
   const Command* command = CommandForFunctionKey(form_, key);
-  if (command != nullptr) handlers_.Run(command->Action);
+  if (command != nullptr) runner_.Run(command->Action);
   return command != nullptr;
 }
 
@@ -135,7 +135,7 @@ void FormController::Moved(int left, int top) {
 }
 
 void FormController::Close() {
-  handlers_.Run([this] {
+  runner_.Run([this] {
     if (form_.Unload) form_.Unload();
     form_.Loaded = false;
   });

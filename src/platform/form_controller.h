@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "platform/controls.h"
-#include "platform/handlers.h"
+#include "platform/handler_runner.h"
 #include "platform/shown.h"
 
 namespace sorvex {
@@ -46,8 +46,8 @@ class FormView {
 class FormController {
  public:
   /// Sets the form's Loaded.
-  FormController(Form& form, Desktop& desktop, Handlers& handlers, FormView& view)
-      : form_(form), desktop_(desktop), handlers_(handlers), view_(view) {
+  FormController(Form& form, Desktop& desktop, HandlerRunner& runner, FormView& view)
+      : form_(form), desktop_(desktop), runner_(runner), view_(view) {
     form.Loaded = true;
   }
 
@@ -89,7 +89,7 @@ class FormController {
 
   Form& form_;
   Desktop& desktop_;
-  Handlers& handlers_;
+  HandlerRunner& runner_;
   FormView& view_;
   std::vector<Control*> controls_;  // the form's controls at the last Sync
   Shown<std::string> caption_;

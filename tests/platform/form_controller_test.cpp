@@ -30,7 +30,7 @@ class Controlled : public testing::Test {
   }
   // What the handlers noted down while something happened and the window was brought up to date.
   std::string After(const std::function<void(FormController&)>& happens = [](FormController&) {}) {
-    handlers.Serve([&] {
+    runner.Serve([&] {
       happens(window.Controller);
       window.Controller.Sync();
     });
@@ -44,8 +44,8 @@ class Controlled : public testing::Test {
   Timer timer;
   std::string log;
   HeadlessDesktop desktop{""};
-  Handlers handlers{[] {}};
-  HeadlessWindow window{form, desktop, handlers};
+  HandlerRunner runner{[] {}};
+  HeadlessWindow window{form, desktop, runner};
 };
 
 TEST_F(Controlled, TabLeadsRoundAndEnterMeansTheButtonThatIsMarked) {

@@ -27,7 +27,7 @@ Size SizeOf(BuiltIn which) {
 }  // namespace
 
 void HeadlessDesktop::Show(Form& form, Form* /*owner*/) {
-  shown_.push_back(std::make_unique<HeadlessWindow>(form, *this, handlers_));
+  shown_.push_back(std::make_unique<HeadlessWindow>(form, *this, runner_));
   const Finally hide([this] { shown_.pop_back(); });
   Sync();
   FrontWindow().Controller.FocusFirst();
@@ -38,14 +38,14 @@ void HeadlessDesktop::DeliverEvents(int patience) {
   ++Deliveries;
   Patience = patience;
   Now += MillisecondsPerDelivery;
-  handlers_.Serve([this] {
+  runner_.Serve([this] {
     Sync();
     RunTimers();
-    if (shown_.empty() || handlers_.Leaving()) return;
+    if (shown_.empty() || runner_.Leaving()) return;
     if (Script.empty()) throw ScriptEnded{};
     const std::function<void()> step = std::move(Script.front());
     Script.pop_front();
-    handlers_.Run(step);
+    runner_.Run(step);
   });
 }
 
@@ -65,8 +65,8 @@ void HeadlessDesktop::Refresh(PictureBox& surface, std::span<const Rectangle> /*
 void HeadlessDesktop::ShowMessage(const std::string& text, const std::string& title, BoxIcon icon) {
   const Box box{text, title, icon};
   Boxes.push_back(box);
-  handlers_.Serve([&] {
-    if (WhileBoxOpen) handlers_.Run([&] { WhileBoxOpen(box); });
+  runner_.Serve([&] {
+    if (WhileBoxOpen) runner_.Run([&] { WhileBoxOpen(box); });
     RunTimers();
   });
 }

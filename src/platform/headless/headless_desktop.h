@@ -13,7 +13,7 @@
 #include "base/bitmap.h"
 #include "base/runtime_error.h"
 #include "platform/desktop.h"
-#include "platform/handlers.h"
+#include "platform/handler_runner.h"
 #include "platform/headless/headless_window.h"
 #include "platform/map_registry.h"
 
@@ -99,7 +99,7 @@ class HeadlessDesktop : public Desktop {
   void RunTimers();
 
   std::string programFolder_;
-  Handlers handlers_{[this] { Sync(); }};
+  HandlerRunner runner_{[this] { Sync(); }};
   std::vector<std::unique_ptr<HeadlessWindow>> shown_;  // innermost last
 };
 

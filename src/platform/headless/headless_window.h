@@ -14,7 +14,7 @@ namespace sorvex {
 
 class HeadlessWindow final : public FormView {
  public:
-  HeadlessWindow(Form& form, Desktop& desktop, Handlers& handlers) : Controller(form, desktop, handlers, *this) {}
+  HeadlessWindow(Form& form, Desktop& desktop, HandlerRunner& runner) : Controller(form, desktop, runner, *this) {}
 
   FormController Controller;
   const Control* Focused = nullptr;

@@ -11,7 +11,7 @@ bool Application::notify(QObject* receiver, QEvent* event) {
     return QApplication::notify(receiver, event);
   } catch (...) {
     // Other threads' events are delivered here too; their exceptions are dropped, because they belong to no handler.
-    if (QThread::currentThread() == thread()) handlers_.Failed();
+    if (QThread::currentThread() == thread()) runner_.StoreException();
     return true;
   }
 }

@@ -4,19 +4,19 @@
 
 #include <QApplication>
 
-#include "platform/handlers.h"
+#include "platform/handler_runner.h"
 
 namespace sorvex {
 
-/// Exceptions must not pass through Qt's stack frames: notify() catches them and passes them to the Handlers.
+/// Exceptions must not pass through Qt's stack frames: notify() catches them and passes them to the HandlerRunner.
 class Application final : public QApplication {
  public:
-  Application(int& argc, char** argv, Handlers& handlers) : QApplication(argc, argv), handlers_(handlers) {}
+  Application(int& argc, char** argv, HandlerRunner& runner) : QApplication(argc, argv), runner_(runner) {}
 
   bool notify(QObject* receiver, QEvent* event) override;
 
  private:
-  Handlers& handlers_;
+  HandlerRunner& runner_;
 };
 
 }  // namespace sorvex

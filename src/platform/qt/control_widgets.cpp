@@ -72,8 +72,8 @@ class SurfaceWidget final : public PointerArea, public ControlWidget {
  private:
   void RaisePaint() {
     if (control_.AutoRedraw || !control_.Paint) return;
-    paintOwed_ = !context_.handlers.MayRun();
-    context_.handlers.Run(control_.Paint);
+    paintOwed_ = !context_.runner.MayRun();
+    context_.runner.Run(control_.Paint);
   }
 
   void PaintFrame(QPainter& painter, const QRect& inner) const {
@@ -155,7 +155,7 @@ class ButtonWidget final : public QPushButton, public ControlWidget {
     setAttribute(Qt::WA_NoMousePropagation);
     AllowFocus(*this, button);
     connect(this, &QPushButton::clicked, this, [&] {
-      if (TakesInput(*this)) context.handlers.Run(button.Click);
+      if (TakesInput(*this)) context.runner.Run(button.Click);
     });
   }
 
@@ -218,7 +218,7 @@ class LabelWidget final : public Drawn<QLabel> {
     setTextFormat(Qt::PlainText);
   }
 
-  void Click() override { context_.handlers.Run(control_.Click); }
+  void Click() override { context_.runner.Run(control_.Click); }
 
   void Sync() override {
     const QRect bounds = ToQt(PixelBounds(control_));
@@ -291,7 +291,7 @@ class ImageWidget final : public Drawn<QWidget> {
     if (!TakesInput(*this)) return;
     const float x = control_.Width / 2;
     const float y = control_.Height / 2;
-    context_.handlers.Run([&] {
+    context_.runner.Run([&] {
       if (control_.Click) return control_.Click();
       if (control_.MouseDown) control_.MouseDown(kLeftButton, 0, x, y);
       if (control_.MouseUp) control_.MouseUp(kLeftButton, 0, x, y);
@@ -299,7 +299,7 @@ class ImageWidget final : public Drawn<QWidget> {
   }
 
   void Do(const Command& command) override {
-    if (TakesInput(*this)) context_.handlers.Run(command.Action);
+    if (TakesInput(*this)) context_.runner.Run(command.Action);
   }
 
  protected:
@@ -370,7 +370,7 @@ class ListWidget final : public QListWidget, public ControlWidget {
     connect(this, &QListWidget::itemSelectionChanged, this, [this] {
       if (!syncing_) control_.ListIndex = SelectedRow();
     });
-    connect(this, &QListWidget::itemDoubleClicked, this, [&] { context.handlers.Run(list.DoubleClick); });
+    connect(this, &QListWidget::itemDoubleClicked, this, [&] { context.runner.Run(list.DoubleClick); });
   }
 
   QWidget& Widget() override { return *this; }

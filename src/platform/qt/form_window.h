@@ -53,7 +53,7 @@ class FormWindow final : public PointerArea, private FormView {
 
   std::unique_ptr<FormContext> ownedContext_;
   FormWindow* owner_;
-  FormController controller_{context_.form, context_.desktop, context_.handlers, *this};
+  FormController controller_{context_.form, context_.desktop, context_.runner, *this};
   std::unordered_map<const Control*, ControlWidget*> widgets_;
   QTimer timer_;
 };

@@ -56,7 +56,7 @@ bool PointerArea::event(QEvent* event) {
 }
 
 void PointerArea::LosePointer() {
-  context_.handlers.Run([this] { context_.pointer.Lose(); });
+  context_.runner.Run([this] { context_.pointer.Lose(); });
 }
 
 void PointerArea::LosePointerSoon() {
@@ -68,7 +68,7 @@ void PointerArea::Press(const QMouseEvent& event) {
   const Integer button = ButtonOf(event);
   if (button == 0) return;
   const QPointF place = PointerPlace();
-  context_.handlers.Run([&, shift = ShiftOf(event)] {
+  context_.runner.Run([&, shift = ShiftOf(event)] {
     context_.pointer.Press(surface_, button, shift, static_cast<float>(place.x()), static_cast<float>(place.y()));
   });
 }
@@ -76,7 +76,7 @@ void PointerArea::Press(const QMouseEvent& event) {
 void PointerArea::Move(const QMouseEvent& event) {
   const QPoint place = PointerPlace();
   ShowShapeAt(place);
-  context_.handlers.Run([&, shift = ShiftOf(event)] {
+  context_.runner.Run([&, shift = ShiftOf(event)] {
     context_.pointer.Move(surface_, shift, static_cast<float>(place.x()), static_cast<float>(place.y()));
   });
 }
@@ -85,7 +85,7 @@ void PointerArea::Release(const QMouseEvent& event) {
   const Integer button = ButtonOf(event);
   if (button == 0) return;
   const QPointF place = PointerPlace();
-  context_.handlers.Run([&, shift = ShiftOf(event)] {
+  context_.runner.Run([&, shift = ShiftOf(event)] {
     context_.pointer.Release(button, shift, static_cast<float>(place.x()), static_cast<float>(place.y()));
   });
 }

@@ -8,7 +8,7 @@
 
 #include "platform/controls.h"
 #include "platform/desktop.h"
-#include "platform/handlers.h"
+#include "platform/handler_runner.h"
 #include "platform/input.h"
 
 class QHelpEvent;
@@ -20,7 +20,7 @@ namespace sorvex {
 struct FormContext {
   Form& form;
   Desktop& desktop;
-  Handlers& handlers;
+  HandlerRunner& runner;
   PointerInput pointer{form};
   /// The position in the window of the pointer event being delivered, in logical pixels. The event's own copy may be
   /// overwritten by a nested Enter event, and its position in the widget is rounded.

@@ -85,8 +85,8 @@ class QtDesktop::SessionEnd final : public QObject {
 };
 
 QtDesktop::QtDesktop(int& argc, char** argv)
-    : handlers_([this] { Sync(); }),
-      application_(argc, argv, handlers_),
+    : runner_([this] { Sync(); }),
+      application_(argc, argv, runner_),
       registry_(MakeStoredRegistry()),
       sessionEnd_(std::make_unique<SessionEnd>(*this)),
       signals_([this] { EndSession(); }) {
@@ -119,7 +119,7 @@ void QtDesktop::Show(Form& form, Form* owner) {
   if (shown == nullptr) {
     const ShownForm* owning = Find(owner);
     FormWindow* parent = owning == nullptr ? nullptr : const_cast<FormWindow*>(&owning->window);
-    auto context = std::make_unique<FormContext>(FormContext{form, *this, handlers_});
+    auto context = std::make_unique<FormContext>(FormContext{form, *this, runner_});
     shown = shown_.emplace_back(new ShownForm{form, {std::move(context), parent}}).get();
   }
   QEventLoop loop;
@@ -127,17 +127,17 @@ void QtDesktop::Show(Form& form, Form* owner) {
   const Finally close([&] {
     shown->loop = nullptr;
     // After an exception the main form stays loaded: keep its window, so that the error is shown above it.
-    if (owner != nullptr || !form.Loaded || handlers_.Ended()) Remove(form);
+    if (owner != nullptr || !form.Loaded || runner_.Ended()) Remove(form);
   });
   Wait(loop, [shown] { shown->window.Open(); });
 }
 
 void QtDesktop::DeliverEvents(int patience) {
-  handlers_.Serve([&] {
+  runner_.Serve([&] {
     Sync();
     for (std::size_t i = 0; i < shown_.size(); ++i) shown_[i]->window.Controller().RunTimers();
     QAbstractEventDispatcher& events = *QAbstractEventDispatcher::instance();
-    if (events.processEvents(QEventLoop::AllEvents) || patience == 0 || handlers_.Leaving()) return;
+    if (events.processEvents(QEventLoop::AllEvents) || patience == 0 || runner_.Leaving()) return;
     patience_.start(patience);
     events.processEvents(QEventLoop::WaitForMoreEvents);
     patience_.stop();
@@ -181,15 +181,15 @@ void QtDesktop::Sync() {
 
 void QtDesktop::Wait(QEventLoop& loop, const std::function<void()>& begin) {
   // An exception from losing the pointer is rethrown after the box, which may report an earlier error.
-  const std::exception_ptr late = handlers_.Attempt([this] {
+  const std::exception_ptr late = runner_.Attempt([this] {
     for (std::size_t i = 0; i < shown_.size(); ++i) shown_[i]->window.LosePointer();
   });
   const auto wait = [&] {
     Sync();
-    if (!handlers_.Leaving()) begin();
-    if (!handlers_.Leaving()) loop.exec();
+    if (!runner_.Leaving()) begin();
+    if (!runner_.Leaving()) loop.exec();
   };
-  handlers_.Serve(wait, [&loop] { loop.quit(); });
+  runner_.Serve(wait, [&loop] { loop.quit(); });
   if (late) std::rethrow_exception(late);
 }
 
@@ -201,7 +201,7 @@ void QtDesktop::RunDialog(QDialog& dialog) {
 
 void QtDesktop::EndSession() {
   if (shown_.empty())
-    handlers_.Run([] { throw ProgramEnded{}; });
+    runner_.Run([] { throw ProgramEnded{}; });
   else
     shown_.front()->window.Controller().Close();
 }

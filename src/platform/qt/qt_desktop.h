@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "platform/desktop.h"
-#include "platform/handlers.h"
+#include "platform/handler_runner.h"
 #include "platform/qt/application.h"
 #include "platform/qt/sounds.h"
 #include "platform/qt/termination_signals.h"
@@ -61,7 +61,7 @@ class QtDesktop final : public Desktop {
   void EndSession();
   QWidget* ActiveWindow() const;
 
-  Handlers handlers_;
+  HandlerRunner runner_;
   Application application_;
   std::vector<std::unique_ptr<ShownForm>> shown_;  // innermost last
   QTimer patience_;                                // ends blocking event delivery

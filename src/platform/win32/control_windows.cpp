@@ -69,8 +69,8 @@ class SurfaceWindow final : public PointerArea, public ControlWindow {
  private:
   void RaisePaint() {
     if (control_.AutoRedraw || !control_.Paint) return;
-    paintOwed_ = !context_.handlers.MayRun();
-    context_.handlers.Run(control_.Paint);
+    paintOwed_ = !context_.runner.MayRun();
+    context_.runner.Run(control_.Paint);
   }
 
   void MarkFocus(bool focused) {
@@ -138,7 +138,7 @@ class ButtonWindow final : public SystemControl {
   }
 
   void Notified(WORD code) override {
-    if (code == BN_CLICKED) context_.handlers.Run(control_.Click);
+    if (code == BN_CLICKED) context_.runner.Run(control_.Click);
   }
   void MarkForEnter(bool marked) override {
     Send(BM_SETSTYLE, static_cast<WPARAM>(marked ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON), TRUE);
@@ -174,7 +174,7 @@ class ListWindow final : public SystemControl {
 
   void Notified(WORD code) override {
     if (code == LBN_SELCHANGE || code == LBN_DBLCLK) index_.Take(control_.ListIndex = SelectedRow());
-    if (code == LBN_DBLCLK) context_.handlers.Run(control_.DoubleClick);
+    if (code == LBN_DBLCLK) context_.runner.Run(control_.DoubleClick);
   }
 
  private:

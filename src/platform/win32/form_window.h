@@ -74,7 +74,7 @@ class FormWindow final : public PointerArea, private FormView {
 
   std::unique_ptr<FormContext> ownedContext_;
   FormWindow* owner_;
-  FormController controller_{context_.form, context_.desktop, context_.handlers, *this};
+  FormController controller_{context_.form, context_.desktop, context_.runner, *this};
   std::unordered_map<const Control*, std::unique_ptr<ControlWindow>> windows_;
   std::unordered_map<const Control*, Painted> seen_;
   std::unique_ptr<ToolTips> toolTips_;

@@ -55,7 +55,7 @@ LRESULT CALLBACK NativeWindow::Procedure(HWND window, UINT message, WPARAM first
   try {
     return self->Receive(message, first, second);
   } catch (...) {
-    self->Failed();
+    self->OnException();
     return 0;
   }
 }

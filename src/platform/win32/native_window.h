@@ -23,7 +23,7 @@ class NativeWindow {
   /// Handles a message and returns its result; the base class calls DefWindowProc.
   virtual LRESULT Receive(UINT message, WPARAM first, LPARAM second);
   /// Called inside the catch block for an exception from Receive.
-  virtual void Failed() = 0;
+  virtual void OnException() = 0;
 
  private:
   static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM first, LPARAM second) noexcept;

@@ -66,12 +66,12 @@ void ForEachJoinedMove(const MOUSEMOVEPOINT& last, MOUSEMOVEPOINT now, const Del
 void PointerArea::LosePointer() {
   if (::GetCapture() == Handle() || ::IsChild(Handle(), ::GetCapture()) != 0) ::ReleaseCapture();
   context_.lastEvent = {};
-  context_.handlers.Run([this] { context_.pointer.Lose(); });
+  context_.runner.Run([this] { context_.pointer.Lose(); });
 }
 
 void PointerArea::LosePointerSoon() { ::PostMessageW(Handle(), kPointerLost, 0, 0); }
 
-void PointerArea::Failed() { context_.handlers.Failed(); }
+void PointerArea::OnException() { context_.runner.StoreException(); }
 
 LRESULT PointerArea::Receive(UINT message, WPARAM first, LPARAM second) {
   const POINT place{GET_X_LPARAM(second), GET_Y_LPARAM(second)};
@@ -107,7 +107,7 @@ void PointerArea::Press(Integer button, WPARAM keys, POINT place) {
   if (surface_ != nullptr && surface_->TabIndex >= 0) ::SetFocus(Handle());
   if (::GetCapture() != Handle()) ::SetCapture(Handle());
   const int frame = FrameOffset();
-  context_.handlers.Run([&] {
+  context_.runner.Run([&] {
     context_.pointer.Press(surface_, button, ShiftOf(keys), static_cast<float>(place.x - frame),
                            static_cast<float>(place.y - frame));
   });
@@ -138,7 +138,7 @@ void PointerArea::Left() {
 
 void PointerArea::MoveTo(POINT place, Integer shift) {
   const int frame = FrameOffset();
-  context_.handlers.Run([&] {
+  context_.runner.Run([&] {
     context_.pointer.Move(surface_, shift, static_cast<float>(place.x - frame), static_cast<float>(place.y - frame));
   });
 }
@@ -147,7 +147,7 @@ void PointerArea::Release(Integer button, WPARAM keys, POINT place) {
   context_.lastEvent = DeliveredEvent();
   const bool last = !AnyButton(keys);
   const int frame = FrameOffset();
-  context_.handlers.Run([&] {
+  context_.runner.Run([&] {
     // Before the handler, which may open a box. The capture loss that this posts is ignored, as no button is down by
     // then.
     if (last && ::GetCapture() == Handle()) ::ReleaseCapture();

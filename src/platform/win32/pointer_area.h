@@ -4,7 +4,7 @@
 
 #include "platform/controls.h"
 #include "platform/desktop.h"
-#include "platform/handlers.h"
+#include "platform/handler_runner.h"
 #include "platform/input.h"
 #include "platform/win32/native_window.h"
 
@@ -14,7 +14,7 @@ namespace sorvex {
 struct FormContext {
   Form& form;
   Desktop& desktop;
-  Handlers& handlers;
+  HandlerRunner& runner;
   PointerInput pointer{form};
   /// The surface that has the focus; null if none has.
   const PictureBox* focused = nullptr;
@@ -34,7 +34,7 @@ class PointerArea : public NativeWindow {
   /// The same at the next event delivery, because the capture may also be lost during other work.
   void LosePointerSoon();
   LRESULT Receive(UINT message, WPARAM first, LPARAM second) override;
-  void Failed() override;
+  void OnException() override;
 
   FormContext& context_;
 

@@ -26,19 +26,19 @@ void Win32Desktop::Remove(const Form& form) {
 void Win32Desktop::Show(Form& form, Form* owner) {
   FormWindow* window = Find(&form);
   if (window == nullptr) {
-    auto context = std::make_unique<FormContext>(FormContext{form, *this, handlers_});
+    auto context = std::make_unique<FormContext>(FormContext{form, *this, runner_});
     window = shown_.emplace_back(std::make_unique<FormWindow>(std::move(context), Find(owner))).get();
   }
   const Finally close([&] {
     // After an exception the main form stays loaded: keep its window, so that the error is shown above it.
-    if (owner != nullptr || !form.Loaded || handlers_.Ended()) Remove(form);
+    if (owner != nullptr || !form.Loaded || runner_.Ended()) Remove(form);
   });
   // An exception from losing the pointer is rethrown after the box, which may report an earlier error.
-  const std::exception_ptr late = handlers_.Attempt([this] { LosePointers(); });
-  handlers_.Serve([&] {
+  const std::exception_ptr late = runner_.Attempt([this] { LosePointers(); });
+  runner_.Serve([&] {
     Sync();
     window->Open();
-    while (form.Loaded && !handlers_.Leaving()) {
+    while (form.Loaded && !runner_.Leaving()) {
       if (DeliverPending()) continue;
       Sync();
       ::WaitMessage();
@@ -48,10 +48,10 @@ void Win32Desktop::Show(Form& form, Form* owner) {
 }
 
 void Win32Desktop::DeliverEvents(int patience) {
-  handlers_.Serve([&] {
+  runner_.Serve([&] {
     Sync();
     for (std::size_t i = 0; i < shown_.size(); ++i) shown_[i]->Controller().RunTimers();
-    if (DeliverPending() || patience == 0 || handlers_.Leaving()) return;
+    if (DeliverPending() || patience == 0 || runner_.Leaving()) return;
     ::MsgWaitForMultipleObjectsEx(0, nullptr, static_cast<DWORD>(patience), QS_ALLINPUT, MWMO_INPUTAVAILABLE);
     DeliverPending();
   });
@@ -61,7 +61,7 @@ void Win32Desktop::DeliverEvents(int patience) {
 bool Win32Desktop::DeliverPending() {
   bool any = false;
   MSG message;
-  while (!handlers_.Leaving() && ::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != 0) {
+  while (!runner_.Leaving() && ::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != 0) {
     any = true;
     Deliver(message);
   }
@@ -82,10 +82,10 @@ void Win32Desktop::Refresh(PictureBox& surface, std::span<const Rectangle> chang
 }
 
 void Win32Desktop::WaitInBox(const std::function<void(HWND owner)>& show) {
-  const std::exception_ptr late = handlers_.Attempt([this] { LosePointers(); });
+  const std::exception_ptr late = runner_.Attempt([this] { LosePointers(); });
   const auto wait = [&] {
     Sync();
-    if (!handlers_.Leaving()) show(shown_.empty() ? nullptr : shown_.back()->Handle());
+    if (!runner_.Leaving()) show(shown_.empty() ? nullptr : shown_.back()->Handle());
   };
   const Finally forget([] {
     // Remove the WM_QUIT that ended the box's loop, so that it does not end another one.
@@ -93,7 +93,7 @@ void Win32Desktop::WaitInBox(const std::function<void(HWND owner)>& show) {
     while (::PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE) != 0) {
     }
   });
-  handlers_.Serve(wait, [] { ::PostQuitMessage(0); });
+  runner_.Serve(wait, [] { ::PostQuitMessage(0); });
   if (late) std::rethrow_exception(late);
 }
 

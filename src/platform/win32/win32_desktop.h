@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "platform/desktop.h"
-#include "platform/handlers.h"
+#include "platform/handler_runner.h"
 #include "platform/win32/form_window.h"
 #include "platform/win32/pictures.h"
 #include "platform/win32/win32_registry.h"
@@ -52,7 +52,7 @@ class Win32Desktop final : public Desktop {
 
   OleSession ole_;
   Win32Registry registry_;
-  Handlers handlers_{[this] { Sync(); }};
+  HandlerRunner runner_{[this] { Sync(); }};
   std::vector<std::unique_ptr<FormWindow>> shown_;  // innermost last
 };
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // What several failing handlers of one delivery come to.
-#include "platform/handlers.h"
+#include "platform/handler_runner.h"
 
 #include <gtest/gtest.h>
 
@@ -11,12 +11,12 @@ namespace sorvex {
 namespace {
 
 TEST(FailingHandlers, AreReportedByTheFirstButForTheEndOfTheProgram) {
-  Handlers handlers([] {});
+  HandlerRunner runner([] {});
   const auto serve = [&](const std::function<void()>& last) {
-    handlers.Serve([&] {
+    runner.Serve([&] {
       for (const std::function<void()>& handler : {std::function<void()>([] { throw Overflow(); }),
                                                    std::function<void()>([] { throw SubscriptOutOfRange(); }), last})
-        handlers.Run(handler);
+        runner.Run(handler);
     });
   };
   try {

@@ -9,10 +9,10 @@
 
 namespace sorvex {
 
-class Handlers {
+class HandlerRunner {
  public:
   /// `afterwards` runs after every handler that did not throw.
-  explicit Handlers(std::function<void()> afterwards) : afterwards_(std::move(afterwards)) {}
+  explicit HandlerRunner(std::function<void()> afterwards) : afterwards_(std::move(afterwards)) {}
 
   /// Calls `deliver`, which delivers events. If a handler throws, calls `leave`, which must make `deliver` return from
   /// a loop of its own; may be null. Afterwards rethrows the first handler's exception, or ProgramEnded if any handler
@@ -27,7 +27,7 @@ class Handlers {
   void Run(const std::function<void()>& handler);
   /// Stores the exception being handled as if a handler had thrown it. Call it inside a catch block; does nothing
   /// outside Serve.
-  void Failed();
+  void StoreException();
 
   /// True inside Serve, where handlers may run.
   bool MayRun() const { return innermost_ != nullptr && !ended_; }

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 // Stores handlers' exceptions until the window system's stack frames have been left.
-#include "platform/handlers.h"
+#include "platform/handler_runner.h"
 
 #include "base/finally.h"
 #include "platform/desktop.h"
 
 namespace sorvex {
 
-void Handlers::Serve(const std::function<void()>& deliver, const std::function<void()>& leave) {
+void HandlerRunner::Serve(const std::function<void()>& deliver, const std::function<void()>& leave) {
   if (ended_) throw ProgramEnded{};
   Call call{leave, innermost_, nullptr};
   innermost_ = &call;
@@ -17,7 +17,7 @@ void Handlers::Serve(const std::function<void()>& deliver, const std::function<v
   if (call.error) std::rethrow_exception(call.error);
 }
 
-std::exception_ptr Handlers::Attempt(const std::function<void()>& deliver) {
+std::exception_ptr HandlerRunner::Attempt(const std::function<void()>& deliver) {
   try {
     Serve(deliver);
     return nullptr;
@@ -28,17 +28,17 @@ std::exception_ptr Handlers::Attempt(const std::function<void()>& deliver) {
   }
 }
 
-void Handlers::Run(const std::function<void()>& handler) {
+void HandlerRunner::Run(const std::function<void()>& handler) {
   if (!handler || !MayRun()) return;
   try {
     handler();
     afterwards_();
   } catch (...) {
-    Failed();
+    StoreException();
   }
 }
 
-void Handlers::Failed() {
+void HandlerRunner::StoreException() {
   if (innermost_ == nullptr) return;
   try {
     throw;
@@ -50,7 +50,7 @@ void Handlers::Failed() {
   }
 }
 
-void Handlers::EndProgram() {
+void HandlerRunner::EndProgram() {
   ended_ = true;
   for (const Call* call = innermost_; call != nullptr; call = call->outer)
     if (call->leave) call->leave();
