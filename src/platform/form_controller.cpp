@@ -21,8 +21,8 @@ bool HasAccessKey(const CommandButton& button, std::string_view character) {
 }  // namespace
 
 void FormController::Sync() {
-  if (caption_.Take(form_.Caption)) view_.SetCaption(form_.Caption);
-  if (background_.Take(form_.BackColor)) view_.BackgroundChanged();
+  if (caption_.Update(form_.Caption)) view_.SetCaption(form_.Caption);
+  if (background_.Update(form_.BackColor)) view_.BackgroundChanged();
   SyncSize();
   if (controls_ != form_.Controls) {
     view_.ControlsChanged();
@@ -74,7 +74,7 @@ void FormController::FocusFirst() {
 
 void FormController::FocusChanged() {
   const CommandButton* button = ButtonForEnter(form_, view_.FocusedControl());
-  if (marked_.Take(button)) view_.MarkForEnter(button);
+  if (marked_.Update(button)) view_.MarkForEnter(button);
 }
 
 void FormController::MoveFocus(const Control* control) {

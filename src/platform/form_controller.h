@@ -12,7 +12,7 @@
 
 #include "platform/controls.h"
 #include "platform/handler_runner.h"
-#include "platform/shown.h"
+#include "platform/shown_value.h"
 
 namespace sorvex {
 
@@ -92,9 +92,9 @@ class FormController {
   HandlerRunner& runner_;
   FormView& view_;
   std::vector<Control*> controls_;  // the form's controls at the last Sync
-  Shown<std::string> caption_;
-  Shown<Color> background_;
-  Shown<const CommandButton*> marked_;
+  ShownValue<std::string> caption_;
+  ShownValue<Color> background_;
+  ShownValue<const CommandButton*> marked_;
   std::optional<std::uint32_t> timerDue_;  // tick count for which the view's timer is set
   OuterSize setSize_;                      // the form's size as the program last set it
   OuterSize seenSize_;                     // the form's size when last read or written here

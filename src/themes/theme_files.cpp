@@ -19,7 +19,7 @@ namespace sorvex {
 namespace {
 
 // Text from a theme file for use in a message: shortened, without control characters.
-std::string Shown(std::string_view text) {
+std::string Quoted(std::string_view text) {
   constexpr std::size_t longest = 40;
   std::string shown;
   for (const char c : text) {
@@ -38,12 +38,12 @@ std::optional<Integer> ParseCoordinate(const std::string& file, int line, std::s
   if (IsBlank(text)) {
     report({"blank-line", file, line, "a blank line is not a number"});
   } else if (!IsNumber(text)) {
-    report({LooksLikeUtf16(text) ? "utf-16" : "not-a-number", file, line, Shown(text) + " is not a number"});
+    report({LooksLikeUtf16(text) ? "utf-16" : "not-a-number", file, line, Quoted(text) + " is not a number"});
   } else {
     try {
       return ToInteger(LeadingNumber(text));
     } catch (const RuntimeError&) {
-      report({"number-range", file, line, Shown(text) + " is not between -32768 and 32767"});
+      report({"number-range", file, line, Quoted(text) + " is not between -32768 and 32767"});
     }
   }
   return std::nullopt;

@@ -19,7 +19,7 @@
 #include "platform/qt/built_ins.h"
 #include "platform/qt/images.h"
 #include "platform/qt/text.h"
-#include "platform/shown.h"
+#include "platform/shown_value.h"
 
 namespace sorvex {
 namespace {
@@ -55,8 +55,8 @@ class SurfaceWidget final : public PointerArea, public ControlWidget {
 
   void Sync() override {
     Place(*this, control_, ToQt(PixelBounds(control_)));
-    if (look_.Take(LookOf(control_)) || paintOwed_) update();
-    if (name_.Take(control_.AccessibleName)) setAccessibleName(sorvex::ToQt(control_.AccessibleName));
+    if (look_.Update(LookOf(control_)) || paintOwed_) update();
+    if (name_.Update(control_.AccessibleName)) setAccessibleName(sorvex::ToQt(control_.AccessibleName));
   }
 
  protected:
@@ -139,8 +139,8 @@ class SurfaceWidget final : public PointerArea, public ControlWidget {
   }
 
   PictureBox& control_;
-  Shown<SurfaceLook> look_;
-  Shown<std::string> name_;
+  ShownValue<SurfaceLook> look_;
+  ShownValue<std::string> name_;
   QImage scaled_;
   std::vector<int> columns_;  // for each column of scaled_: the image's column
   bool paintOwed_ = false;    // painted while no handler could run: the Paint event is deferred
@@ -164,8 +164,8 @@ class ButtonWidget final : public QPushButton, public ControlWidget {
 
   void Sync() override {
     Place(*this, control_, ToQt(PixelBounds(control_)));
-    if (caption_.Take(control_.Caption)) setText(sorvex::ToQt(control_.Caption));
-    if (toolTip_.Take(control_.ToolTipText)) setToolTip(sorvex::ToQt(control_.ToolTipText));
+    if (caption_.Update(control_.Caption)) setText(sorvex::ToQt(control_.Caption));
+    if (toolTip_.Update(control_.ToolTipText)) setToolTip(sorvex::ToQt(control_.ToolTipText));
   }
 
  protected:
@@ -196,8 +196,8 @@ class ButtonWidget final : public QPushButton, public ControlWidget {
 
  private:
   CommandButton& control_;
-  Shown<std::string> caption_;
-  Shown<std::string> toolTip_;
+  ShownValue<std::string> caption_;
+  ShownValue<std::string> toolTip_;
 };
 
 /// A widget painted on its container and transparent for pointer events.
@@ -224,17 +224,17 @@ class LabelWidget final : public Drawn<QLabel> {
     const QRect bounds = ToQt(PixelBounds(control_));
     const Style style{control_.ForeColor, control_.BackColor, control_.Transparent,
                       control_.WordWrap,  control_.Align,     bounds.size()};
-    const bool newCaption = caption_.Take(control_.Caption);
-    const bool newFont = font_.Take(control_.Font);
+    const bool newCaption = caption_.Update(control_.Caption);
+    const bool newFont = font_.Update(control_.Font);
     if (newCaption) setText(sorvex::ToQt(control_.Caption));
     if (newFont) setFont(sorvex::ToQt(control_.Font));
-    const bool newStyle = style_.Take(style);
+    const bool newStyle = style_.Update(style);
     if (newCaption || newFont || newStyle) {
       MeasureText();
       update();
     }
     Place(*this, control_, QRect(bounds.topLeft(), bounds.size().expandedTo(textSize_)));
-    if (toolTip_.Take(control_.ToolTipText)) setToolTip(sorvex::ToQt(control_.ToolTipText));
+    if (toolTip_.Update(control_.ToolTipText)) setToolTip(sorvex::ToQt(control_.ToolTipText));
   }
 
  protected:
@@ -269,10 +269,10 @@ class LabelWidget final : public Drawn<QLabel> {
 
   Label& control_;
   FormContext& context_;
-  Shown<std::string> caption_;
-  Shown<Font> font_;
-  Shown<Style> style_;
-  Shown<std::string> toolTip_;
+  ShownValue<std::string> caption_;
+  ShownValue<Font> font_;
+  ShownValue<Style> style_;
+  ShownValue<std::string> toolTip_;
   QSize textSize_{0, 0};
 };
 
@@ -283,8 +283,8 @@ class ImageWidget final : public Drawn<QWidget> {
 
   void Sync() override {
     Place(*this, control_, ToQt(PixelBounds(control_)));
-    if (picture_.Take(control_.Picture)) update();
-    if (toolTip_.Take(control_.ToolTipText)) setToolTip(sorvex::ToQt(control_.ToolTipText));
+    if (picture_.Update(control_.Picture)) update();
+    if (toolTip_.Update(control_.ToolTipText)) setToolTip(sorvex::ToQt(control_.ToolTipText));
   }
 
   void Click() override {
@@ -313,8 +313,8 @@ class ImageWidget final : public Drawn<QWidget> {
  private:
   Image& control_;
   FormContext& context_;
-  Shown<BuiltIn> picture_;
-  Shown<std::string> toolTip_;
+  ShownValue<BuiltIn> picture_;
+  ShownValue<std::string> toolTip_;
 };
 
 class LineWidget final : public Drawn<QWidget> {
@@ -344,7 +344,7 @@ class ShapeWidget final : public Drawn<QWidget> {
 
   void Sync() override {
     Place(*this, control_, ToQt(PixelBounds(control_)));
-    if (color_.Take(control_.FillColor)) update();
+    if (color_.Update(control_.FillColor)) update();
   }
 
  protected:
@@ -355,7 +355,7 @@ class ShapeWidget final : public Drawn<QWidget> {
  private:
   Shape& control_;
   FormContext& context_;
-  Shown<Color> color_;
+  ShownValue<Color> color_;
 };
 
 class ListWidget final : public QListWidget, public ControlWidget {
@@ -377,9 +377,9 @@ class ListWidget final : public QListWidget, public ControlWidget {
 
   void Sync() override {
     Place(*this, control_, ToQt(PixelBounds(control_)));
-    if (toolTip_.Take(control_.ToolTipText)) setToolTip(sorvex::ToQt(control_.ToolTipText));
+    if (toolTip_.Update(control_.ToolTipText)) setToolTip(sorvex::ToQt(control_.ToolTipText));
     syncing_ = true;
-    if (list_.Take(control_.List)) {
+    if (list_.Update(control_.List)) {
       clear();
       for (const std::string& entry : control_.List) addItem(sorvex::ToQt(entry));
     }
@@ -404,8 +404,8 @@ class ListWidget final : public QListWidget, public ControlWidget {
   }
 
   ListBox& control_;
-  Shown<std::vector<std::string>> list_;
-  Shown<std::string> toolTip_;
+  ShownValue<std::vector<std::string>> list_;
+  ShownValue<std::string> toolTip_;
   bool syncing_ = false;
 };
 

@@ -8,7 +8,7 @@
 
 #include "base/runtime_error.h"
 #include "platform/accessibility.h"
-#include "platform/shown.h"
+#include "platform/shown_value.h"
 #include "platform/win32/painting.h"
 #include "platform/win32/text.h"
 
@@ -19,13 +19,13 @@ namespace {
 const Font kControlFont{"Arial", 9.75F};
 
 // Applies the control's bounds and visibility to the window if they changed.
-void Place(HWND window, const Control& control, Shown<Rectangle>& bounds, Shown<bool>& visible) {
+void Place(HWND window, const Control& control, ShownValue<Rectangle>& bounds, ShownValue<bool>& visible) {
   const int frame = control.Container == nullptr ? 0 : FrameWidth(control.Container->BorderStyle);
   const Rectangle place = PixelBounds(control).Moved(frame, frame);
-  if (bounds.Take(place))
+  if (bounds.Update(place))
     ::SetWindowPos(window, nullptr, place.left, place.top, place.Width(), place.Height(),
                    SWP_NOZORDER | SWP_NOACTIVATE);
-  if (visible.Take(control.Visible)) ::ShowWindow(window, control.Visible ? SW_SHOWNA : SW_HIDE);
+  if (visible.Update(control.Visible)) ::ShowWindow(window, control.Visible ? SW_SHOWNA : SW_HIDE);
 }
 
 class SurfaceWindow final : public PointerArea, public ControlWindow {
@@ -41,7 +41,7 @@ class SurfaceWindow final : public PointerArea, public ControlWindow {
   void Sync() override {
     Place(Handle(), control_, bounds_, visible_);
     if (IsShown(control_)) Name();
-    if (look_.Take(LookOf(control_)) || paintOwed_) ::InvalidateRect(Handle(), nullptr, FALSE);
+    if (look_.Update(LookOf(control_)) || paintOwed_) ::InvalidateRect(Handle(), nullptr, FALSE);
   }
 
   void Show(std::span<const Rectangle> changed) override {
@@ -81,7 +81,7 @@ class SurfaceWindow final : public PointerArea, public ControlWindow {
   // Screen readers use the window's text as its name and do not see the labels painted on it.
   void Name() {
     const std::string text = SpokenText(context_.form, control_);
-    if (name_.Take(text)) ::SetWindowTextW(Handle(), ToWide(text).c_str());
+    if (name_.Update(text)) ::SetWindowTextW(Handle(), ToWide(text).c_str());
   }
 
   bool HoldsPaintedControls() const {
@@ -92,10 +92,10 @@ class SurfaceWindow final : public PointerArea, public ControlWindow {
 
   PictureBox& control_;
   HDC canvas_ = nullptr;  // the window's private device context (CS_OWNDC)
-  Shown<Rectangle> bounds_;
-  Shown<bool> visible_;
-  Shown<SurfaceLook> look_;
-  Shown<std::string> name_;
+  ShownValue<Rectangle> bounds_;
+  ShownValue<bool> visible_;
+  ShownValue<SurfaceLook> look_;
+  ShownValue<std::string> name_;
   bool paintOwed_ = false;  // painted while no handler could run: the Paint event is deferred
 };
 
@@ -123,8 +123,8 @@ class SystemControl : public ControlWindow {
 
  private:
   HWND window_;
-  Shown<Rectangle> bounds_;
-  Shown<bool> visible_;
+  ShownValue<Rectangle> bounds_;
+  ShownValue<bool> visible_;
 };
 
 class ButtonWindow final : public SystemControl {
@@ -134,7 +134,7 @@ class ButtonWindow final : public SystemControl {
 
   void Sync() override {
     SystemControl::Sync();
-    if (caption_.Take(control_.Caption)) ::SetWindowTextW(Window(), ToWide(control_.Caption).c_str());
+    if (caption_.Update(control_.Caption)) ::SetWindowTextW(Window(), ToWide(control_.Caption).c_str());
   }
 
   void Notified(WORD code) override {
@@ -147,7 +147,7 @@ class ButtonWindow final : public SystemControl {
  private:
   CommandButton& control_;
   FormContext& context_;
-  Shown<std::string> caption_;
+  ShownValue<std::string> caption_;
 };
 
 class ListWindow final : public SystemControl {
@@ -162,18 +162,18 @@ class ListWindow final : public SystemControl {
 
   void Sync() override {
     SystemControl::Sync();
-    if (list_.Take(control_.List)) {
-      index_.Take(-1);
+    if (list_.Update(control_.List)) {
+      index_.Update(-1);
       Send(LB_RESETCONTENT);
       for (const std::string& entry : control_.List)
         Send(LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(ToWide(entry).c_str()));
     }
     // Only after changes: between press and release the list shows a selection that it has not reported yet.
-    if (index_.Take(control_.ListIndex)) Send(LB_SETCURSEL, static_cast<WPARAM>(control_.ListIndex));
+    if (index_.Update(control_.ListIndex)) Send(LB_SETCURSEL, static_cast<WPARAM>(control_.ListIndex));
   }
 
   void Notified(WORD code) override {
-    if (code == LBN_SELCHANGE || code == LBN_DBLCLK) index_.Take(control_.ListIndex = SelectedRow());
+    if (code == LBN_SELCHANGE || code == LBN_DBLCLK) index_.Update(control_.ListIndex = SelectedRow());
     if (code == LBN_DBLCLK) context_.runner.Run(control_.DoubleClick);
   }
 
@@ -182,8 +182,8 @@ class ListWindow final : public SystemControl {
 
   ListBox& control_;
   FormContext& context_;
-  Shown<std::vector<std::string>> list_;
-  Shown<int> index_;
+  ShownValue<std::vector<std::string>> list_;
+  ShownValue<int> index_;
 };
 
 }  // namespace

@@ -10,10 +10,10 @@ namespace sorvex {
 
 /// The last shown value of a property.
 template <class T>
-class Shown {
+class ShownValue {
  public:
   /// Stores `value` and returns whether it differs from the last one. The first value always does.
-  bool Take(const T& value) {
+  bool Update(const T& value) {
     if (value_ == value) return false;
     value_ = value;
     return true;
