@@ -64,7 +64,7 @@ void FormWindow::Open() {
   if (context_.form.CenterOnOwner && owner_ != nullptr) CenterOnOwner();
   ::ShowWindow(Handle(), owner_ == nullptr ? SW_SHOWDEFAULT : SW_SHOW);
   controller_.FocusFirst();
-  KeepPosition();
+  ReportPosition();
   ::UpdateWindow(Handle());
 }
 
@@ -184,7 +184,7 @@ void FormWindow::CenterOnOwner() {
                  SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-void FormWindow::KeepPosition() {
+void FormWindow::ReportPosition() {
   if (::IsIconic(Handle()) != 0) return;
   POINT client{};
   ::ClientToScreen(Handle(), &client);
@@ -248,7 +248,7 @@ LRESULT FormWindow::Receive(UINT message, WPARAM first, LPARAM second) {
     case WM_SIZE:
       if (first != SIZE_MINIMIZED) controller_.Resized({GET_X_LPARAM(second), GET_Y_LPARAM(second)});
       return 0;
-    case WM_MOVE: KeepPosition(); return 0;
+    case WM_MOVE: ReportPosition(); return 0;
     case WM_ACTIVATE: Activated(LOWORD(first) != WA_INACTIVE); return PointerArea::Receive(message, first, second);
     case WM_SETFOCUS:
       if (::IsWindowVisible(focusBefore_) != 0) ::SetFocus(focusBefore_);

@@ -68,7 +68,7 @@ class FormWindow final : public PointerArea, private FormView {
   HWND WindowUnder(const Control& control) const;
   void Restack();
   void CenterOnOwner();
-  void KeepPosition();
+  void ReportPosition();
   void Activated(bool active);
   void Notified(HWND window, WORD code);
 
