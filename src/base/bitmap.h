@@ -20,10 +20,10 @@ inline constexpr Pixel kWhite = 0xFFFFFFFF;
 
 /// Leaves default-constructed elements uninitialized.
 template <class T>
-struct UnfilledAllocator : std::allocator<T> {
+struct UninitializedAllocator : std::allocator<T> {
   template <class U>
   struct rebind {
-    using other = UnfilledAllocator<U>;
+    using other = UninitializedAllocator<U>;
   };
   void construct(T* place) { ::new (place) T; }
   void construct(T* place, const T& value) { ::new (place) T(value); }
@@ -33,7 +33,7 @@ class Bitmap {
  public:
   Bitmap() = default;
   /// A bitmap with uninitialized pixels, for callers that write all of them.
-  static Bitmap Unpainted(Size size) {
+  static Bitmap Uninitialized(Size size) {
     Bitmap bitmap;
     bitmap.size_ = size;
     bitmap.pixels_.resize(static_cast<std::size_t>(size.width) * static_cast<std::size_t>(size.height));
@@ -59,7 +59,7 @@ class Bitmap {
   std::size_t Offset(int y) const { return static_cast<std::size_t>(y) * static_cast<std::size_t>(size_.width); }
 
   Size size_;
-  std::vector<Pixel, UnfilledAllocator<Pixel>> pixels_;
+  std::vector<Pixel, UninitializedAllocator<Pixel>> pixels_;
 };
 
 /// Copies `source` onto `dest` at (0, 0) (raster operation SRCCOPY), clipped to both bitmaps and to `clip`.

@@ -126,7 +126,7 @@ std::optional<Bitmap> ReadRuns(std::string_view bytes, QSize size) {
 }
 
 std::optional<Bitmap> ReadRows(std::string_view bytes, QSize size) {
-  Bitmap pixels = Bitmap::Unpainted({size.width(), size.height()});
+  Bitmap pixels = Bitmap::Uninitialized({size.width(), size.height()});
   QImage image = ViewOf(pixels);
   if (!BmpReader(bytes).Read(image)) return std::nullopt;
   // If the file's format differs (it has a palette), the decoder replaced the image by one of its own.
