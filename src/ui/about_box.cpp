@@ -41,13 +41,13 @@ void ShowAbout(Desktop& desktop, Form& owner) {
   frmAbout form(desktop.TwipsPerPixel());
   PaintDesign(desktop, form);
   BindEvents(desktop, form);
-  Form_Load(desktop, form);
+  FillAboutLabels(desktop, form);
   form.Timer1.Start(desktop.TickCount());
   form.tmrScroll.Start(desktop.TickCount());
   desktop.Show(form, &owner);
 }
 
-void Form_Load(Desktop& desktop, frmAbout& form) {
+void FillAboutLabels(Desktop& desktop, frmAbout& form) {
   const VersionInfo version = desktop.Version();
   form.lblTit.SetCaption(desktop, version.Title);
   if (form.lblTit.Width > form.lblComments.Width) {

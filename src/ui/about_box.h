@@ -16,7 +16,7 @@ std::string MakerWebAddress();
 void ShowAbout(Desktop& desktop, Form& owner);
 
 /// Fills the labels from Desktop::Version.
-void Form_Load(Desktop& desktop, frmAbout& form);
+void FillAboutLabels(Desktop& desktop, frmAbout& form);
 /// Left button with Ctrl and no other modifier: the logo follows the pointer, also outside the window, until a button
 /// is released.
 void imgLogo_MouseDown(frmAbout& form, Integer button, Integer shift);
