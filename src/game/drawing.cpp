@@ -23,7 +23,7 @@ const PictureBox& MaskOf(const frmMain& form, std::size_t place, const Placement
 }
 
 // The bounds of the pixels that drawing the picture at this placement can change.
-Rectangle Reach(const frmMain& form, std::size_t place, const Placement& placement) {
+Rectangle DrawnBounds(const frmMain& form, std::size_t place, const Placement& placement) {
   const PictureBox& picture = PictureOf(form, place, placement);
   const Size outer = picture.OuterSize();
   const Size mask = MaskOf(form, place, placement).ScaleSize();
@@ -53,26 +53,27 @@ void Compose(const frmMain& form, const FrameContent& content, Bitmap& dest, con
   CopySurface(dest, form.PicBlank.Image(), box);
   for (std::size_t place = 0; place < content.placements.size(); ++place) {
     const Placement& placement = content.placements[place];
-    if (placement.which >= 0 && !Intersection(Reach(form, place, placement), box).Empty())
+    if (placement.which >= 0 && !Intersection(DrawnBounds(form, place, placement), box).Empty())
       DrawMasked(dest, placement.x, placement.y, PictureOf(form, place, placement), MaskOf(form, place, placement),
                  box);
   }
 }
 
 // The dirty rectangles: where the two frames may differ, clipped to `all`.
-BoxList Differences(const frmMain& form, const FrameContent& before, const FrameContent& after, const Rectangle& all) {
-  BoxList boxes;
+DirtyRectangles Differences(const frmMain& form, const FrameContent& before, const FrameContent& after,
+                            const Rectangle& all) {
+  DirtyRectangles dirty;
   if (before.themeLoads != after.themeLoads || before.background != after.background ||
       before.backgroundSize != after.backgroundSize) {
-    boxes.Add(all);
-    return boxes;
+    dirty.Add(all);
+    return dirty;
   }
   for (std::size_t place = 0; place < after.placements.size(); ++place) {
     if (before.placements[place] == after.placements[place]) continue;
     for (const Placement& placement : {before.placements[place], after.placements[place]})
-      if (placement.which >= 0) boxes.Add(Intersection(Reach(form, place, placement), all));
+      if (placement.which >= 0) dirty.Add(Intersection(DrawnBounds(form, place, placement), all));
   }
-  return boxes;
+  return dirty;
 }
 
 }  // namespace
@@ -101,25 +102,25 @@ void ShowFrame(Game& game, ContainerShown container) {
   FrameMemory& memory = game.frame;
   const FrameContent content = ContentNow(form, game.state, container);
   const Rectangle all = Rectangle::At(0, 0, form.PicBackbuff.ScaleSize());
-  BoxList boxes;
+  DirtyRectangles dirty;
   if (memory.backbuffRevision == form.PicBackbuff.Revision())
-    boxes = Differences(form, memory.content, content, all);
+    dirty = Differences(form, memory.content, content, all);
   else
-    boxes.Add(all);
+    dirty.Add(all);
   memory.content = content;
   memory.settled.reset();  // no tests have followed this frame yet; in a return animation none do
-  if (!boxes.Boxes().empty()) {
+  if (!dirty.All().empty()) {
     Bitmap& backBuffer = form.PicBackbuff.Drawing();
-    for (const Rectangle& box : boxes.Boxes()) Compose(form, content, backBuffer, box);
+    for (const Rectangle& box : dirty.All()) Compose(form, content, backBuffer, box);
     memory.backbuffRevision = form.PicBackbuff.Revision();
   }
 
-  if (memory.canvasRevision != form.PicCanvas.Revision()) boxes.Add(all);
-  if (boxes.Boxes().empty()) return;
+  if (memory.canvasRevision != form.PicCanvas.Revision()) dirty.Add(all);
+  if (dirty.All().empty()) return;
   Bitmap& canvas = form.PicCanvas.Drawing();
-  for (const Rectangle& box : boxes.Boxes()) CopySurface(canvas, form.PicBackbuff.Image(), box);
+  for (const Rectangle& box : dirty.All()) CopySurface(canvas, form.PicBackbuff.Image(), box);
   memory.canvasRevision = form.PicCanvas.Revision();
-  game.desktop.Refresh(form.PicCanvas, boxes.Boxes());
+  game.desktop.Refresh(form.PicCanvas, dirty.All());
 }
 
 void ShowWaitingFrame(Game& game) {
@@ -132,19 +133,19 @@ void DrawFrame(const frmMain& form, const modVariables& state, Bitmap& dest) {
   Compose(form, ContentNow(form, state, ContainerShown::Yes), dest, dest.Bounds());
 }
 
-void BoxList::Add(Rectangle box) {
+void DirtyRectangles::Add(Rectangle box) {
   if (box.Empty()) return;
   for (std::size_t i = 0; i < count_;) {
-    if (Intersection(boxes_[i], box).Empty()) {
+    if (Intersection(rectangles_[i], box).Empty()) {
       ++i;
       continue;
     }
-    box = {std::min(box.left, boxes_[i].left), std::min(box.top, boxes_[i].top), std::max(box.right, boxes_[i].right),
-           std::max(box.bottom, boxes_[i].bottom)};
-    boxes_[i] = boxes_[--count_];
+    box = {std::min(box.left, rectangles_[i].left), std::min(box.top, rectangles_[i].top),
+           std::max(box.right, rectangles_[i].right), std::max(box.bottom, rectangles_[i].bottom)};
+    rectangles_[i] = rectangles_[--count_];
     i = 0;  // the merged rectangle may overlap earlier ones
   }
-  boxes_[count_++] = box;
+  rectangles_[count_++] = box;
 }
 
 }  // namespace sorvex

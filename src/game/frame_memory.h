@@ -55,13 +55,13 @@ struct FrameMemory {
 };
 
 /// A frame's dirty rectangles. Overlapping ones are merged into their bounding box.
-class BoxList {
+class DirtyRectangles {
  public:
   void Add(Rectangle box);
-  std::span<const Rectangle> Boxes() const { return {boxes_.data(), count_}; }
+  std::span<const Rectangle> All() const { return {rectangles_.data(), count_}; }
 
  private:
-  std::array<Rectangle, 2 * (1 + kMostItems + 1)> boxes_;
+  std::array<Rectangle, 2 * (1 + kMostItems + 1)> rectangles_;
   std::size_t count_ = 0;
 };
 
