@@ -87,16 +87,16 @@ bool PathExists(const std::string& path) {
 }
 
 std::optional<std::string> ReadFile(const std::string& path, std::uintmax_t limit) {
-  GrowingStart file(path);
+  IncrementalReader file(path);
   return file.Size() <= limit && file.ReadUpTo(limit) ? std::optional(std::move(file).Bytes()) : std::nullopt;
 }
 
 std::optional<std::string> ReadStart(const std::string& path, std::uintmax_t count) {
-  GrowingStart file(path);
+  IncrementalReader file(path);
   return file.ReadUpTo(count) ? std::optional(std::move(file).Bytes()) : std::nullopt;
 }
 
-GrowingStart::GrowingStart(const std::string& path) : file_(OpenPlainFile(path)) {
+IncrementalReader::IncrementalReader(const std::string& path) : file_(OpenPlainFile(path)) {
   if (!file_.is_open()) return;
   const auto end = static_cast<std::streamoff>(file_.seekg(0, std::ios::end).tellg());
   file_.seekg(0);
@@ -106,7 +106,7 @@ GrowingStart::GrowingStart(const std::string& path) : file_(OpenPlainFile(path))
     size_ = static_cast<std::uintmax_t>(end);
 }
 
-bool GrowingStart::ReadUpTo(std::uintmax_t count) {
+bool IncrementalReader::ReadUpTo(std::uintmax_t count) {
   if (!file_.is_open()) return false;
   const std::size_t known = bytes_.size();
   const auto wanted = static_cast<std::size_t>(std::min(count, size_));
@@ -123,7 +123,7 @@ std::string TemporaryName() {
   return std::string(kTemporaryPrefix) + std::to_string(random()) + "-" + std::to_string(random());
 }
 
-void RemoveLeftTemporaries(std::string_view folder) {
+void RemoveStaleTemporaries(std::string_view folder) {
   const auto youngest = fs::file_time_type::clock::now() - std::chrono::minutes(1);
   std::error_code error;
   for (auto entry = fs::directory_iterator(ToPath(folder), error); !error && entry != fs::directory_iterator();

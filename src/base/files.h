@@ -32,9 +32,9 @@ std::optional<std::string> ReadFile(const std::string& path, std::uintmax_t limi
 std::optional<std::string> ReadStart(const std::string& path, std::uintmax_t count);
 
 /// Reads a regular file in steps, for formats whose header says how much of the file is needed. Opens the file once.
-class GrowingStart {
+class IncrementalReader {
  public:
-  explicit GrowingStart(const std::string& path);
+  explicit IncrementalReader(const std::string& path);
   /// The file's size in bytes when it was opened; 0 if it could not be opened.
   std::uintmax_t Size() const { return size_; }
   /// Reads until Bytes() holds the file's first `count` bytes, or all of a shorter file. False if it cannot be opened
@@ -53,7 +53,7 @@ class GrowingStart {
 std::string TemporaryName();
 /// Removes temporary files older than a minute from `folder`, which interrupted saves left behind. Newer ones may
 /// belong to another running copy of the program.
-void RemoveLeftTemporaries(std::string_view folder);
+void RemoveStaleTemporaries(std::string_view folder);
 
 }  // namespace sorvex
 

@@ -15,6 +15,6 @@ inline constexpr std::int64_t kMostPixels = 16'000'000;
 /// Pixels of a picture's width or height.
 inline constexpr std::int64_t kLongestSide = 32767;
 /// Bytes of a bitmap file before its pixel data.
-inline constexpr std::uint32_t kLatestPixels = 1 << 20;
+inline constexpr std::uint32_t kMaxPixelOffset = 1 << 20;
 
 }  // namespace sorvex

@@ -82,7 +82,7 @@ std::string TypedLine(std::string_view text) {
   return line;
 }
 
-std::string_view Beginning(std::string_view text, std::size_t bytes) {
+std::string_view Utf8Prefix(std::string_view text, std::size_t bytes) {
   if (bytes >= text.size()) return text;
   while (bytes > 0 && (static_cast<std::uint8_t>(text[bytes]) & 0xC0) == 0x80) --bytes;
   return text.substr(0, bytes);
@@ -91,16 +91,16 @@ std::string_view Beginning(std::string_view text, std::size_t bytes) {
 std::size_t FittingLength(std::string_view text, const Fits& fits) {
   std::size_t fitting = 0;
   std::size_t tooLong = 16;
-  while (fits(Beginning(text, tooLong))) {
+  while (fits(Utf8Prefix(text, tooLong))) {
     if (tooLong >= text.size()) return text.size();
     fitting = tooLong;
     tooLong *= 2;
   }
   while (tooLong - fitting > 1) {
     const std::size_t middle = fitting + (tooLong - fitting) / 2;
-    (fits(Beginning(text, middle)) ? fitting : tooLong) = middle;
+    (fits(Utf8Prefix(text, middle)) ? fitting : tooLong) = middle;
   }
-  return Beginning(text, fitting).size();
+  return Utf8Prefix(text, fitting).size();
 }
 
 std::string CutText(std::string_view text, const Fits& fits) {

@@ -22,7 +22,7 @@ std::size_t Utf16Length(std::string_view utf8);
 std::string TypedLine(std::string_view text);
 
 /// The longest prefix of `text` (valid UTF-8) of at most `bytes` bytes that does not split a character.
-std::string_view Beginning(std::string_view text, std::size_t bytes);
+std::string_view Utf8Prefix(std::string_view text, std::size_t bytes);
 
 /// Tells whether a text fits its place. Must be monotonic: every prefix of a text that fits also fits.
 using Fits = std::function<bool(std::string_view)>;

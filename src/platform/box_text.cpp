@@ -19,9 +19,10 @@ std::string_view TakeLine(std::string_view& text, const Fits& fits) {
   if (length < text.size()) {
     const std::size_t blank = text.rfind(' ', length);
     if (blank != text.npos && blank > 0) length = blank;
-    while (length == 0 || Beginning(text, length).empty()) ++length;  // at least one character, even if it does not fit
+    while (length == 0 || Utf8Prefix(text, length).empty())
+      ++length;  // at least one character, even if it does not fit
   }
-  const std::string_view line = Beginning(text, length);
+  const std::string_view line = Utf8Prefix(text, length);
   text.remove_prefix(line.size());
   if (text.starts_with(' ')) text.remove_prefix(1);
   return line;

@@ -43,7 +43,7 @@ void Label::FitToText(Desktop& desktop) {
   const auto measure = [&](std::string_view text) {
     return desktop.MeasureText(Font, std::string(text), WordWrap ? ToPixels(Width) : 0);
   };
-  const Size size = measure(WordWrap ? Caption : Beginning(Caption, kMostMeasured));
+  const Size size = measure(WordWrap ? Caption : Utf8Prefix(Caption, kMostMeasured));
   if (!WordWrap) Width = static_cast<float>(size.width);
   Height = static_cast<float>(size.height);
   if (PaintedTo <= 0) return;

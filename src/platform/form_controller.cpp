@@ -28,7 +28,7 @@ void FormController::Sync() {
     view_.ControlsChanged();
     controls_ = form_.Controls;
   }
-  LeaveGoneFocus();
+  MoveFocusOffHidden();
   if (view_.SyncControls()) marked_ = {};
   FocusChanged();
   ArmTimer();
@@ -41,7 +41,7 @@ void FormController::SyncSize() {
   view_.SetClientSize(requested_);
 }
 
-void FormController::LeaveGoneFocus() {
+void FormController::MoveFocusOffHidden() {
   const Control* focused = view_.FocusedControl();
   if (focused != nullptr && !IsShown(*focused)) MoveFocus(FocusAfter(form_, *focused));
 }

@@ -81,7 +81,7 @@ class FormController {
   using OuterSize = std::pair<float, float>;
 
   void SyncSize();
-  void LeaveGoneFocus();
+  void MoveFocusOffHidden();
   void ArmTimer();
   void MoveFocus(const Control* control);
   bool Activate(const CommandButton* button);

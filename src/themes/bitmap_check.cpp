@@ -52,7 +52,8 @@ std::optional<Header> ReadHeader(std::string_view bytes) {
     if (size >= shortestWithCompression) header.compression = DoubleWord(bytes, 30);
   }
   const auto isSide = [](std::int64_t side) { return side >= 1 && side <= kLongestSide; };
-  if (!isSide(header.width) || !isSide(header.height) || header.bitsPerPixel > 32 || header.pixelOffset > kLatestPixels)
+  if (!isSide(header.width) || !isSide(header.height) || header.bitsPerPixel > 32 ||
+      header.pixelOffset > kMaxPixelOffset)
     return std::nullopt;
   return header;
 }

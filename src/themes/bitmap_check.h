@@ -22,7 +22,7 @@ struct DeclaredBitmap {
 
 /// Reads the headers of a Windows bitmap (info or core header) from the file's first kBitmapHeaders bytes or more.
 /// nullopt if the bytes are not such a file, width or height is not in 1 to kLongestSide, a pixel has more than 32
-/// bits, or the pixel data begins after kLatestPixels bytes.
+/// bits, or the pixel data begins after kMaxPixelOffset bytes.
 std::optional<DeclaredBitmap> ReadBitmapHeaders(std::string_view start);
 
 /// The size in pixels that a bitmap file declares; `bytes` holds at least its first DeclaredBitmap::bytes, or all of

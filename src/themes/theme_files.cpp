@@ -79,7 +79,7 @@ class BitmapReader {
 
   // Reports a fault and returns nullopt if the bitmap cannot be used.
   std::optional<Bitmap> Read(const std::string& name) {
-    GrowingStart file(FindFile(folder_, name));
+    IncrementalReader file(FindFile(folder_, name));
     if (!file.ReadUpTo(kBitmapHeaders))
       return Refuse("missing-file", name, "not found, or not a file that can be opened");
     const std::optional<DeclaredBitmap> declared = ReadBitmapHeaders(file.Bytes());
@@ -138,7 +138,7 @@ class ItemLines {
     while (!lines_.AtEnd()) {
       const std::string_view line = lines_.Next();
       const std::optional<Integer> number = ParseCoordinate(kItemsFile, lines_.Line(), line, report_);
-      if (!number) sound_ = false;
+      if (!number) valid_ = false;
       if (IsBlank(line)) continue;
       if (LooksLikeUtf16(line)) {
         lines_.SkipRest();
@@ -155,13 +155,13 @@ class ItemLines {
     return 0;
   }
   bool Complete() const { return found_ == kLinesPerItem; }
-  bool Sound() const { return sound_; }
+  bool Valid() const { return valid_; }
 
  private:
   LineReader& lines_;
   const FaultSink& report_;
   int found_ = 0;
-  bool sound_ = true;
+  bool valid_ = true;
 };
 
 }  // namespace
@@ -190,8 +190,8 @@ ItemTable ParseItems(std::string_view text, const FaultSink& report) {
     for (auto* coordinate : {&items.ItemX(item), &items.ItemY(item), &items.ContX(item), &items.ContY(item)})
       *coordinate = group.Next();
     if (!group.Complete()) break;
-    items.ItemInPlay(item) = group.Sound();
-    items.ContInPlay(item) = group.Sound();
+    items.ItemInPlay(item) = group.Valid();
+    items.ContInPlay(item) = group.Valid();
     items.LastItem = item;
   }
   return items;

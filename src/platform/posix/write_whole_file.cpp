@@ -178,7 +178,7 @@ void CopyAccessList(const fs::path& from, const File& to) {
 
 // Failures are ignored: only root may change the owner, other users only to one of their groups, and some file systems
 // have no permissions.
-void TakeOwnerAndMode(const File& file, const fs::path& path, const struct stat& old) {
+void CopyOwnerAndMode(const File& file, const fs::path& path, const struct stat& old) {
   if (::fchown(file.Descriptor(), old.st_uid, old.st_gid) != 0)
     std::ignore = ::fchown(file.Descriptor(), static_cast<uid_t>(-1), old.st_gid);
   std::ignore = ::fchmod(file.Descriptor(), old.st_mode & kPermissionBits);
@@ -207,11 +207,11 @@ bool ReplaceFile(const fs::path& target, const std::optional<struct stat>& old, 
   errno = error;
   if (fresh) {
     fresh->Content().WriteFromStart(bytes);
-    if (old) TakeOwnerAndMode(fresh->Content(), target, *old);
+    if (old) CopyOwnerAndMode(fresh->Content(), target, *old);
     fresh->Content().Flush();
     if (fresh->Rename(target)) {
       FlushFolder(folder);
-      RemoveLeftTemporaries(folder.string());
+      RemoveStaleTemporaries(folder.string());
       return true;
     }
   }

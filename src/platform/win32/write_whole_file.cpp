@@ -206,7 +206,7 @@ bool TryReplace(const fs::path& target, bool exists, std::string_view bytes) {
     fresh->Content().Write(bytes);
     fresh->Content().Flush();
     if (fresh->MoveTo(target)) {
-      RemoveLeftTemporaries(FromWide(target.parent_path().wstring()));
+      RemoveStaleTemporaries(FromWide(target.parent_path().wstring()));
       return true;
     }
   }
