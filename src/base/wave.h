@@ -16,7 +16,7 @@ std::size_t SizeOf(SampleKind kind);
 
 struct Wave {
   int channels = 0;    ///< 1 to 8, interleaved
-  int sampleRate = 0;  ///< frames a second, 1,000 to 384,000
+  int sampleRate = 0;  ///< frames per second, 1,000 to 384,000
   SampleKind kind = SampleKind::Unsigned8;
   std::string_view samples;  ///< whole frames; a view into the file's bytes
 };

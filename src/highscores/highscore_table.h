@@ -19,6 +19,7 @@ struct HighScore {
   std::string time;  ///< seconds
 };
 
+/// `row` is 0 to kHighScoreRows - 1; throw NoSuchElement (340) if the row does not exist.
 HighScore HighScoreAt(const frmMain& form, int row);
 void SetHighScore(Desktop& desktop, frmMain& form, int row, const HighScore& score);
 

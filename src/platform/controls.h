@@ -128,7 +128,7 @@ struct PictureBox : Control {
   const Bitmap& Image() const { return picture_ && !drawn_ ? picture_->Pixels() : own_; }
   /// The persistent image for writing. Copies the picture's shared pixels first (copy on write).
   Bitmap& Drawing();
-  /// Changes whenever the image may have changed.
+  /// A counter that is incremented whenever the image may have changed.
   unsigned Revision() const { return revision_; }
 
   /// BackColor as a pixel value of this desktop; set by PaintDesign.

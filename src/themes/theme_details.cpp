@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The theme's description and date in a box.
+// Composing the text of the theme details box.
 #include "themes/theme_details.h"
 
 #include <string>

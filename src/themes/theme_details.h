@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The theme's description and date.
+// The theme details box.
 #pragma once
 
 #include "game/game.h"

@@ -35,6 +35,7 @@ class ThemeError : public std::runtime_error {
 /// Receives each fault in reading order. Reading stops if it throws; if it returns, reading continues without that
 /// piece.
 using FaultSink = std::function<void(const Fault&)>;
+/// The FaultSink that throws the fault as a ThemeError.
 [[noreturn]] void ThrowThemeError(const Fault& fault);
 
 struct Target {

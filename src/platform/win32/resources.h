@@ -12,7 +12,7 @@
 #define IDR_CANVAS 2
 #define IDR_LOGO 3
 
-// The text-input dialog; its buttons are IDOK and IDCANCEL.
+// The input box; its buttons are IDOK and IDCANCEL.
 #define IDD_INPUT_BOX 1
 #define IDC_PROMPT 100
 #define IDC_ANSWER 101
