@@ -74,23 +74,21 @@ TEST(Text, IsReadAsWindows1252UnlessItIsUtf8) {
 
 TEST(Text, IsCutBetweenCharactersWithAnEllipsisAndWithoutALookAtTheRest) {
   const std::string endless = "Zo\u00EB" + std::string(1 << 20, 'x');
-  const struct {
-    std::string text;
-    std::size_t room;  // bytes
-    std::string shown;
-  } cases[] = {{"", 0, ""},
-               {"Ann", 3, "Ann"},
-               {"Zo\u00EB Zo\u00EB", 9, "Zo\u00EB Zo\u00EB"},
-               {"Zo\u00EB Zo\u00EB", 8, "Zo\u00EB \u2026"},
-               {"Zo\u00EB Zo\u00EB", 6, "Zo\u2026"},  // half of a character is none
-               {"\u00EB\u00EB", 1, "\u2026"},
-               {endless, 100, "Zo\u00EB" + std::string(93, 'x') + "\u2026"}};
-  for (const auto& c : cases) {
-    const auto fits = [&](std::string_view text) {
-      EXPECT_TRUE(IsValidUtf8(text) && text.size() <= 2 * c.room + 16);
-      return text.size() <= c.room;
+  const std::tuple<std::string, std::size_t, std::string> cases[] = {
+      // text, bytes of room, what is shown
+      {"", 0, ""},
+      {"Ann", 3, "Ann"},
+      {"Zo\u00EB Zo\u00EB", 9, "Zo\u00EB Zo\u00EB"},
+      {"Zo\u00EB Zo\u00EB", 8, "Zo\u00EB \u2026"},
+      {"Zo\u00EB Zo\u00EB", 6, "Zo\u2026"},  // half of a character is none
+      {"\u00EB\u00EB", 1, "\u2026"},
+      {endless, 100, "Zo\u00EB" + std::string(93, 'x') + "\u2026"}};
+  for (const auto& [whole, bytes, shown] : cases) {
+    const auto fits = [room = bytes](std::string_view text) {
+      EXPECT_TRUE(IsValidUtf8(text) && text.size() <= 2 * room + 16);
+      return text.size() <= room;
     };
-    EXPECT_EQ(FittingText(c.text, fits), c.shown) << c.room;
+    EXPECT_EQ(FittingText(whole, fits), shown) << bytes;
   }
 }
 

@@ -15,12 +15,7 @@ constexpr std::uint32_t kExtensible = 0xFFFE;
 
 TEST(Wave, HoldsTheSamplesThatAreThereWhateverIsDeclared) {
   const std::string bytes = "0123456789abc";
-  const struct {
-    const char* what;
-    WaveFile file;
-    SampleKind kind;
-    std::size_t size;
-  } cases[] = {
+  const std::tuple<const char*, WaveFile, SampleKind, std::size_t> cases[] = {
       {"8 bits", {.bits = 8}, SampleKind::Unsigned8, 13},
       {"16 bits", {}, SampleKind::Signed16, 12},
       {"24 bits, two channels", {.channels = 2, .bits = 24}, SampleKind::Signed24, 12},
@@ -39,9 +34,9 @@ TEST(Wave, HoldsTheSamplesThatAreThereWhateverIsDeclared) {
     const std::string written = file.With(bytes);
     const std::optional<Wave> wave = ReadWave(written);
     ASSERT_TRUE(wave) << what;
-    EXPECT_EQ(wave->channels, static_cast<int>(file.channels)) << what;
-    EXPECT_EQ(wave->sampleRate, 8000) << what;
-    EXPECT_EQ(wave->kind, kind) << what;
+    EXPECT_EQ(std::tuple(wave->channels, wave->sampleRate, wave->kind),
+              std::tuple(static_cast<int>(file.channels), 8000, kind))
+        << what;
     EXPECT_EQ(wave->samples, bytes.substr(0, size)) << what;
   }
 }
@@ -65,8 +60,7 @@ TEST(Wave, IsRefusedWhenItIsNoPlainSound) {
       WaveFile{.channels = 9}.With("many"),
       WaveFile{.rate = 999}.With("slow"),
       WaveFile{.rate = 384'001}.With("fast"),
-      WaveFile{.between = Chunk("LIST", std::string(3, 'x')).replace(4, 4, "\xFF\xFF\xFF\xFF")}.With("swallowed"),
-  };
+      WaveFile{.between = Chunk("LIST", std::string(3, 'x')).replace(4, 4, "\xFF\xFF\xFF\xFF")}.With("swallowed")};
   for (const std::string& file : cases) EXPECT_FALSE(ReadWave(file)) << testing::PrintToString(file);
 }
 

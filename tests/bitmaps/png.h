@@ -8,7 +8,7 @@
 
 namespace sorvex {
 
-/// The colours of a PNG file. Throws when it cannot be read.
+/// The colors of a PNG file. Throws when it cannot be read.
 Bitmap ReadPng(const std::filesystem::path& path);
 
 }  // namespace sorvex

@@ -144,32 +144,5 @@ TEST(Frames, WhatIsRedoneInPartEqualsWhatIsRedoneInFull) {
   }
 }
 
-TEST(Frames, OneThatWouldRepeatTheLastIsLeftOutUntilSomethingChanges) {
-  FullFrames desktop(7);
-  do desktop.LoadRandomTheme();
-  while (desktop.state.LastItem < 1);
-  modVariables& state = desktop.state;
-  frmMain& form = desktop.form;
-  desktop.inLoop = true;
-  desktop.screen = Bitmap({100, 100});
-  const auto settle = [&] {
-    for (int frames = 0; DrawAndTestFrame(desktop.game); ++frames) ASSERT_LT(frames, 10);
-  };
-  const std::function<void()> changes[] = {
-      [&] { ++state.ItemX(1); },         [&] { state.ItemInPlay(1) = !state.ItemInPlay(1); },
-      [&] { state.CurCont = 1; },        [&] { state.CurItem = 1; },
-      [&] { form.MouseHeld = true; },    [&] { form.Dragging = true; },
-      [&] { ++state.PlainX(0); },        [&] { ++state.ThemeLoads; },
-      [&] { form.PicCanvas.Drawing(); }, [&] { form.picCD.Width += 1; }};
-  for (const auto& change : changes) {
-    // Out of each other's way: nothing touches, nothing is put in.
-    for (Integer i = 0; i <= 1; ++i) state.ItemX(i) = static_cast<Integer>(-100 - 40 * i);
-    form.MouseHeld = form.Dragging = false;
-    settle();
-    change();
-    EXPECT_TRUE(DrawAndTestFrame(desktop.game)) << &change - changes;
-  }
-}
-
 }  // namespace
 }  // namespace sorvex

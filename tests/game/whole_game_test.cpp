@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
-// Games from Start to their end, however it comes.
+// Games from Start to their end, however it comes, their time, and the pointer without a game.
 #include <gtest/gtest.h>
 
+#include "game/pointer_handlers.h"
 #include "support/story.h"
 
 namespace sorvex {
@@ -51,20 +52,6 @@ TEST(WholeGame, AThemeWithoutItemsIsOverInItsFirstFrameAlsoAfterAFullOne) {
 }
 
 // --- Start at other times ---
-
-TEST(SecondStart, AbandonsTheGameAndOnlyTheLastOneReports) {
-  Story story({CupTheme(1)});
-  story.Start().TakeOut().Wait(5000).Then([&] { story.form.Command1.Click(); });
-  story.Start().Frames(1).Then([&] {
-    EXPECT_EQ(story.state.ThemeLoads, 3U) << "the second press of a double click, while the theme loads, does nothing";
-    EXPECT_EQ(story.state.ItemX(0), 25) << "a new game begins at the start positions";
-    EXPECT_EQ(story.form.lblTime.Caption, "0");
-    EXPECT_TRUE(story.form.MouseHeld && story.form.Dragging) << "Start does not let go of the pointer";
-  });
-  story.Release().Wait(1000).PutIn(0).Frames(2);
-  story.Run();
-  EXPECT_EQ(story.desktop.Boxes, std::vector<Box>{GameOverAfter("1")});
-}
 
 TEST(SecondStart, NestsNothingHoweverOftenItComes) {
   Story story({CupTheme(1)});
@@ -127,6 +114,68 @@ TEST(AFailingSave, KeepsTheEntryInTheRowsAndEndsWithAReport) {
                         {"Error: 61\r\nDisk full\r\nProblem in main rendering loop", "uhh oh!!", BoxIcon::Critical}}));
   EXPECT_EQ(story.Rows()[0], "Ann|03/14/26|0");
   EXPECT_FALSE(story.form.picHighScores.Visible || story.state.GameEnded);
+}
+
+// --- the time of a game ---
+
+TEST(Elapsed, IsWaitedForOnlyWhileItIsShownAndRightAtOnce) {
+  Story story({CupTheme(1)});
+  story.Start().Then([&] { EXPECT_EQ(story.desktop.Patience, 0) << "the frame before changed"; });
+  story.Frames(3).Then([&] { EXPECT_EQ(story.desktop.Patience, Desktop::kUntilAnEvent); });
+  story.Wait(1234).Then([&] {
+    story.form.Image1.Click();
+    EXPECT_EQ(story.form.lblTime.Caption, "1.23");
+  });
+  story.Frames(1).Then([&] { EXPECT_EQ(story.desktop.Patience, 1) << "1.24 seconds begin at 1235 ms"; });
+  story.Then(story.form.Image1.Click).Frames(1).Run();
+  EXPECT_EQ(story.desktop.Patience, Desktop::kUntilAnEvent);
+}
+
+// --- the pointer where the model of the rules does not go ---
+
+TEST(ThePointer, MeetsAnErrorInTheMaskTestWithABoxAndDragsNothing) {
+  Story story;
+  story.state.ItemX(0) = -30000;
+  story.form.MouseHeld = true;
+  PicCanvas_MouseMove(story.program.game, 5000, 10);
+  EXPECT_EQ(
+      story.desktop.Boxes,
+      (std::vector<Box>{{"Err: 6\r\nOverflow\r\nError from CheckForDrag function", "Sorvex", BoxIcon::Exclamation}}));
+  EXPECT_FALSE(story.form.Dragging);
+}
+
+TEST(WithoutAGame, ThePointerDoesNothingOnTheFieldButLetGo) {
+  Story story({CupTheme(2)});
+  const auto drag = [&] { story.Move(30, 30).Grab(32, 70).Move(33, 60); };
+  const Bitmap welcome = story.Field();
+  drag();
+  story.Release().Then([&] { EXPECT_EQ(story.Field(), welcome); });
+  // The game ends while an item is held.
+  story.Start();
+  drag();
+  story.Then([&] { story.form.StopRendering = true; }).Release().Then([&] {
+    EXPECT_FALSE(story.form.MouseHeld || story.form.Dragging);
+    EXPECT_EQ(story.state.ItemY(0), 63);
+  });
+  drag();
+  EXPECT_EQ(story.Run(), Story::End::ScriptEnded);
+  EXPECT_EQ(story.Sounds(), (Names{"Pickup", "LetGo"}));
+}
+
+TEST(WithoutAGame, HandlersRunBeforeAnyThemeAndWithoutItems) {
+  for (const std::vector<TestTheme>& themes : {std::vector<TestTheme>{CupTheme(0)}, {}}) {
+    Story story(themes);
+    Game& game = story.program.game;
+    PicCanvas_MouseDown(game, kLeftButton, 30, 30);
+    PicCanvas_MouseMove(game, 31, 30);
+    PicCanvas_MouseUp(game);
+    PicCanvas_MouseMove(game, 30, 30);
+    EXPECT_TRUE(story.Sounds().empty());
+    EXPECT_EQ(story.state.CurItem, 0);
+    story.form.tmrChangePicBack.Tick();
+    story.form.Image1.Click();
+    story.form.picHighScores.Paint();
+  }
 }
 
 }  // namespace

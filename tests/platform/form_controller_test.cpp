@@ -94,15 +94,6 @@ TEST_F(Controlled, AccessAndFunctionKeysActWhereverTheFocusIs) {
             "F2");
 }
 
-TEST_F(Controlled, AFormWithoutAButtonClosesByEnterAndEsc) {
-  form.Controls = {&pad};
-  for (const auto key : {&FormController::Enter, &FormController::Escape}) {
-    form.Loaded = true;
-    EXPECT_EQ(After([key](auto& controller) { EXPECT_TRUE((controller.*key)()); }), "unload");
-    EXPECT_FALSE(form.Loaded);
-  }
-}
-
 TEST_F(Controlled, TheTimerIsSetToTheNextDueOneAlsoWhereTheTickCountWraps) {
   desktop.Now = std::numeric_limits<Long>::max() - 100;
   timer.Start(desktop.Now);

@@ -19,13 +19,11 @@ class Input : public testing::Test {
     Place(label, 95, 40);
     Place(onPad, 5, 10);
     onPad.Container = &pad;
-    pad.MouseDown = Note("pad down");
-    pad.MouseMove = Note("pad move");
-    pad.MouseUp = Note("pad up");
-    image.MouseUp = Note("image up");
-    image.Click = [this] { log.push_back("image click"); };
-    label.Click = [this] { log.push_back("label click"); };
-    onPad.Click = [this] { log.push_back("onPad click"); };
+    std::tie(pad.MouseDown, pad.MouseMove) = std::pair(Note("pad down"), Note("pad move"));
+    std::tie(pad.MouseUp, image.MouseUp) = std::pair(Note("pad up"), Note("image up"));
+    for (const auto& [click, what] :
+         {std::pair{&image.Click, "image click"}, {&label.Click, "label click"}, {&onPad.Click, "onPad click"}})
+      *click = [this, what = what] { log.push_back(what); };
   }
   static void Place(Control& control, float at, float size) {
     control.Left = control.Top = at;

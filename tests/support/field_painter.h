@@ -2,12 +2,13 @@
 // What the play field must show, painted from a theme's files by raster operations alone.
 #pragma once
 
-#include <filesystem>
 #include <optional>
-#include <utility>
 #include <vector>
 
-#include "base/bitmap.h"
+#include "platform/decode_bitmap.h"
+#include "support/raster.h"
+#include "support/temp_folder.h"
+#include "support/theme_folder.h"
 
 namespace sorvex {
 
@@ -17,19 +18,20 @@ struct Placed {
   int y;
 };
 
-class FieldPainter {
- public:
-  /// The target stands at (targetX, targetY).
-  FieldPainter(std::filesystem::path themeFolder, int targetX, int targetY)
-      : folder_(std::move(themeFolder)), targetX_(targetX), targetY_(targetY) {}
-
-  /// Background, target, `items` in their order, the container on top.
-  Bitmap Paint(const std::vector<Placed>& items, std::optional<Placed> container) const;
-
- private:
-  std::filesystem::path folder_;
-  int targetX_;
-  int targetY_;
-};
+/// Background, target (where `theme` has it), `items` in their order, the container on top.
+inline Bitmap PaintField(const std::filesystem::path& themeFolder, const TestTheme& theme,
+                         const std::vector<Placed>& items, std::optional<Placed> container) {
+  const auto read = [&](const std::string& name) { return DecodeBitmap(ReadWholeFile(themeFolder / name)).value(); };
+  Bitmap field = read("bg.bmp");
+  const auto draw = [&](int x, int y, char kind, const std::string& which) {
+    const Bitmap colors = read(kind + ("s" + which) + ".bmp");
+    DrawInFull(field, x, y, colors.Extent(), colors, read(kind + ("m" + which) + ".bmp"));
+  };
+  const Bitmap target = read("pS.bmp");
+  DrawInFull(field, theme.targetX, theme.targetY, target.Extent(), target, read("pM.bmp"));
+  for (const auto& [number, x, y] : items) draw(x, y, 's', std::to_string(number));
+  if (container) draw(container->x, container->y, 'c', std::to_string(container->number));
+  return field;
+}
 
 }  // namespace sorvex

@@ -2,9 +2,11 @@
 // Surfaces with random pixels for tests that hold fast paths against plain ones.
 #pragma once
 
-#include <algorithm>
+#include <cstdint>
 #include <cstdlib>
+#include <optional>
 #include <random>
+#include <span>
 #include <string>
 #include <utility>
 
@@ -14,7 +16,7 @@
 
 namespace sorvex {
 
-/// Every colour, or those that a mask may hold: mostly black and white, some almost so, some grey.
+/// Every color, or those that a mask may hold: mostly black and white, some almost so, some gray.
 enum class Colors { Any, MaskLike };
 
 class Random {
@@ -23,7 +25,19 @@ class Random {
 
   explicit Random(unsigned seed = AnySeed()) : Seed(seed), engine_(seed) {}
 
-  int Number(int from, int to) { return std::uniform_int_distribution<int>(from, to)(engine_); }
+  /// Choices are made by these bytes; behind their end they are all the first.
+  explicit Random(std::span<const std::uint8_t> choices) : Seed(0), engine_(0), choices_(choices) {}
+
+  int Number(int from, int to) {
+    if (!choices_) return std::uniform_int_distribution<int>(from, to)(engine_);
+    const int span = to - from + 1;
+    int choice = 0;
+    for (int reach = 1; reach < span && !choices_->empty(); reach *= 256) {
+      choice = choice * 256 + choices_->front();
+      choices_ = choices_->subspan(1);
+    }
+    return from + choice % span;
+  }
 
   sorvex::Bitmap Bitmap(Size size, Colors colors) {
     sorvex::Bitmap bitmap(size);
@@ -49,6 +63,7 @@ class Random {
   }
 
   std::mt19937 engine_;
+  std::optional<std::span<const std::uint8_t>> choices_;
 };
 
 /// A surface of the toolkit's usual kind that takes the size of its picture.
@@ -59,30 +74,6 @@ inline PictureBox AutoSurface(Bitmap pixels, Frame frame = Frame::Sunken) {
   surface.SetPicture(MakeMask(std::move(pixels)));
   return surface;
 }
-
-/// An item near its container, the item at most 4 pixels larger and within 277 x 261: what the raster procedure of the
-/// contact test can tell.
-struct RandomContact {
-  RandomContact(Random& random, Size largestContainer)
-      : containerMask(AutoSurface(random.Bitmap(
-            {random.Number(1, largestContainer.width), random.Number(1, largestContainer.height)}, Colors::MaskLike))) {
-    const Size container = containerMask.ScaleSize();
-    const Size item{random.Number(1, std::min(container.width + 4, 277)),
-                    random.Number(1, std::min(container.height + 4, 261))};
-    Bitmap shape(item, kWhite);
-    for (int dots = random.Number(0, 6); dots > 0; --dots)
-      shape.Row(random.Number(0, item.height - 1))[random.Number(0, item.width - 1)] =
-          random.Number(0, 1) == 0 ? kBlack : random.MaskPixel();
-    itemMask = AutoSurface(std::move(shape));
-    dx = random.Number(-item.width - 3, container.width + 3);
-    dy = random.Number(-item.height - 3, container.height + 3);
-  }
-
-  PictureBox itemMask;
-  PictureBox containerMask;
-  int dx = 0;  ///< how far the item stands to the right of its container
-  int dy = 0;
-};
 
 /// A surface with a drawing area of its own that holds `pixels`.
 inline PictureBox FixedSurface(Bitmap pixels) {

@@ -2,18 +2,13 @@
 // Writing theme folders of plain shapes.
 #include "support/theme_folder.h"
 
-#include <cstdint>
-
 #include "support/temp_folder.h"
+#include "support/wave_file.h"
 
 namespace sorvex {
 namespace {
 
 namespace fs = std::filesystem;
-
-void AppendLittleEndian(std::string& bytes, std::uint32_t value, int count) {
-  for (int i = 0; i < count; ++i) bytes += static_cast<char>(value >> (8 * i) & 0xFF);
-}
 
 Bitmap ItemMask(const TestItem& item) {
   Bitmap mask(item.size, kBlack);
@@ -44,13 +39,10 @@ std::string BmpBytes(const Bitmap& bitmap) {
   const auto height = static_cast<std::uint32_t>(bitmap.Height());
   const std::uint32_t stride = (width * 3 + 3) / 4 * 4;
   std::string bytes = "BM";
-  for (const std::uint32_t field : {54 + stride * height, 0U, 54U, 40U, width, height})
-    AppendLittleEndian(bytes, field, 4);
-  AppendLittleEndian(bytes, 1, 2);
-  AppendLittleEndian(bytes, 24, 2);
-  bytes.append(24, '\0');
+  for (const std::uint32_t field : {54 + stride * height, 0U, 54U, 40U, width, height}) bytes += LittleEndian(field, 4);
+  bytes += LittleEndian(1, 2) + LittleEndian(24, 2) + std::string(24, '\0');
   for (int y = bitmap.Height() - 1; y >= 0; --y) {
-    for (int x = 0; x < bitmap.Width(); ++x) AppendLittleEndian(bytes, bitmap.At(x, y), 3);
+    for (int x = 0; x < bitmap.Width(); ++x) bytes += LittleEndian(bitmap.At(x, y), 3);
     bytes.append(stride - width * 3, '\0');
   }
   return bytes;

@@ -54,10 +54,9 @@ TEST_F(Chooser, ListsEveryFolderBesideTheProgramAndNothingElse) {
 
 TEST_F(Chooser, EndsARunningGameWithoutAReportAlsoOnCancel) {
   WriteTheme(story.folder.Path() / "program", CupTheme(0, "No items"));
-  const std::pair<const char*, CommandButton frmChooseTheme::*> cases[] = {{"Theme1", &frmChooseTheme::CancelButton},
-                                                                           {"Other one.v2", &frmChooseTheme::OKButton},
-                                                                           {"No items", &frmChooseTheme::OKButton}};
-  for (const auto& [theme, button] : cases) {
+  for (const auto& [theme, button] : {std::pair{"Theme1", &frmChooseTheme::CancelButton},
+                                      {"Other one.v2", &frmChooseTheme::OKButton},
+                                      {"No items", &frmChooseTheme::OKButton}}) {
     story.state.ThemeName = "Theme1";
     story.Start().Move(150, 30).Grab(152, 70).Move(154, 5);  // item 2
     Choose(theme, button);
@@ -67,24 +66,6 @@ TEST_F(Chooser, EndsARunningGameWithoutAReportAlsoOnCancel) {
     EXPECT_EQ(story.state.CurItem, 0) << theme;
     EXPECT_EQ(story.form.lblTime.Caption, "0") << "the interrupted frame is finished";
   }
-}
-
-TEST_F(Chooser, ShowsTheChosenThemeOrWhatTakesItsPlaceAtOnce) {
-  std::filesystem::create_directory(story.folder.Path() / "program" / "Empty");
-  Choose("Empty", &frmChooseTheme::OKButton);
-  story.Run();
-  EXPECT_EQ(story.desktop.Boxes.back().title, "File(s) missing");
-  EXPECT_EQ(story.state.ThemeName, "Theme1");
-  Choose("Other one.v2", &frmChooseTheme::OKButton);
-  story.Run();
-  EXPECT_EQ(story.Field(),
-            FieldPainter(story.ThemeFile("", "Other one.v2"), 250, 180).Paint({{0, 25, 63}}, Placed{0, 20, 20}))
-      << "as the game will begin";
-  std::filesystem::remove_all(story.folder.Path() / "program" / "Theme1");
-  Choose("Empty", &frmChooseTheme::OKButton);
-  story.Run();
-  EXPECT_EQ(story.desktop.Boxes.back().title, "Theme not found");
-  EXPECT_EQ(story.state.ThemeName, "Other one.v2");
 }
 
 TEST(Details, AreShownOnARightReleaseOrByF2InTheirFourLines) {

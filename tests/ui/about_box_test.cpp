@@ -4,7 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/input.h"
 #include "support/story.h"
 
 namespace sorvex {
@@ -54,32 +53,28 @@ TEST_F(About, ATitleWiderThanTheCommentsTakesTheWholeWidth) {
 }
 
 TEST_F(About, TheLogoFollowsThePointerWithCtrlAloneUntilTheRelease) {
-  const struct {
-    Integer button;
-    Integer shift;
-    bool follows;
-  } cases[] = {
+  const std::tuple<Integer, Integer, bool> cases[] = {
       {kLeftButton, kCtrlKey, true}, {kLeftButton, kCtrlKey | kShiftKey, false}, {kRightButton, kCtrlKey, false}};
-  for (const auto& c : cases) {
-    Open([&](frmAbout& box) {
+  for (const auto& [button, shift, follows] : cases) {
+    Open([&, button = button, shift = shift, follows = follows](frmAbout& box) {
       box.Left = 15 * 100;
       box.Top = 15 * 50;
       Pass(box, 200);
-      box.imgLogo.MouseDown(c.button, c.shift, 5, 5);
+      box.imgLogo.MouseDown(button, shift, 5, 5);
       story.desktop.Pointer = {30, 1000};  // outside the window
       Pass(box, 50);
-      EXPECT_EQ(box.imgLogo.Left, c.follows ? 30 - 100 - 48 : 8);
-      EXPECT_EQ(box.imgLogo.Top, c.follows ? 1000 - 50 - 48 : 8);
-      box.imgLogo.MouseUp(c.button, c.shift, 5, 5);
+      EXPECT_EQ(box.imgLogo.Left, follows ? 30 - 100 - 48 : 8);
+      EXPECT_EQ(box.imgLogo.Top, follows ? 1000 - 50 - 48 : 8);
+      box.imgLogo.MouseUp(button, shift, 5, 5);
       Pass(box, 199);
-      EXPECT_EQ(box.imgLogo.Left == 8, !c.follows);
+      EXPECT_EQ(box.imgLogo.Left == 8, !follows);
       Pass(box, 1);
       EXPECT_EQ(box.imgLogo.Left, 8);
     });
   }
 }
 
-// On a dark desktop the colour of its texts is white, on the box's yellow as well.
+// On a dark desktop the color of its texts is white, on the box's yellow as well.
 TEST_F(About, NoTextTakesItsColorFromTheDesktop) {
   Open([](frmAbout& box) {
     for (const Control* control : box.Controls) {
@@ -91,11 +86,7 @@ TEST_F(About, NoTextTakesItsColorFromTheDesktop) {
 
 TEST_F(About, OpensItsLinks) {
   Open([](frmAbout& box) {
-    PointerInput pointer(box);
-    for (const Label* link : {&box.lblWeb, &box.lblEmail}) {
-      pointer.Press(nullptr, kLeftButton, 0, link->Left + 3, link->Top + 3);
-      pointer.Release(kLeftButton, 0, link->Left + 3, link->Top + 3);
-    }
+    for (const Label* link : {&box.lblWeb, &box.lblEmail}) link->Click();
   });
   EXPECT_EQ(story.desktop.OpenedAddresses,
             (std::vector<std::string>{"https://sorvex.example/", "mailto:hello@sorvex.example"}));

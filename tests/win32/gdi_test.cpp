@@ -18,12 +18,8 @@ constexpr Pixel kColor = 0xFFFFFF;  // GDI may set the byte above it
 class Dib {
  public:
   explicit Dib(Size size, Pixel fill = 0) : context_(::CreateCompatibleDC(nullptr)) {
-    BITMAPINFO info{};
-    info.bmiHeader.biSize = sizeof info.bmiHeader;
-    info.bmiHeader.biWidth = size.width;
-    info.bmiHeader.biHeight = -size.height;  // rows from the top
-    info.bmiHeader.biPlanes = 1;
-    info.bmiHeader.biBitCount = 32;
+    // Rows from the top.
+    const BITMAPINFO info{{sizeof info.bmiHeader, size.width, -size.height, 1, 32, BI_RGB, 0, 0, 0, 0, 0}, {}};
     void* pixels = nullptr;
     bitmap_ = ::CreateDIBSection(context_, &info, DIB_RGB_COLORS, &pixels, nullptr, 0);
     pixels_ = {static_cast<Pixel*>(pixels),

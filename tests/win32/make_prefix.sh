@@ -1,6 +1,6 @@
 #!/bin/sh
 # SPDX-License-Identifier: MIT
-# make_prefix.sh PREFIX: a fresh Wine prefix for tests. Its windows need no screen, its grey is that of Windows, and a
+# make_prefix.sh PREFIX: a fresh Wine prefix for tests. Its windows need no screen, its gray is that of Windows, and a
 # crash ends the program instead of asking somebody.
 set -eu
 here=$(dirname "$0")

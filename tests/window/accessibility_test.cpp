@@ -11,8 +11,6 @@
 namespace sorvex {
 namespace {
 
-namespace fs = std::filesystem;
-
 struct Dropped {
   void operator()(void* object) const { ::g_object_unref(object); }
 };
@@ -56,8 +54,9 @@ class Reader {
   }
 
   void Press(const std::string& name) {
-    AwaitObject("push button", name, name == "Start" ? "Start the game" : "");
-    const Object button = Find("push button", name, name == "Start" ? "Start the game" : "");
+    const std::string description = name == "Start" ? "Start the game" : "";
+    AwaitObject("push button", name, description);
+    const Object button = Find("push button", name, description);
     AtspiAction* action = ::atspi_accessible_get_action_iface(button.get());
     ASSERT_NE(action, nullptr) << name;
     EXPECT_EQ(Text(::atspi_action_get_action_name(action, 0, nullptr)), "Press");
@@ -92,29 +91,7 @@ class Reader {
   std::string seen_;
 };
 
-// Shared, since a process can be a client of one accessibility bus only.
-class WindowAccessibility : public testing::Test {
- protected:
-  static void SetUpTestSuite() {
-    TestTheme theme = CupTheme(1);
-    theme.highScores = HighScoreFile({"12.5"});
-    sitting_ = std::make_unique<Sitting>(theme);
-    reader_ = std::make_unique<Reader>(*sitting_);
-  }
-  static void TearDownTestSuite() {
-    reader_.reset();
-    sitting_.reset();
-  }
-
-  Sitting& sitting = *sitting_;
-  Reader& reader = *reader_;
-
- private:
-  inline static std::unique_ptr<Sitting> sitting_;
-  inline static std::unique_ptr<Reader> reader_;
-};
-
-TEST_F(WindowAccessibility, EverythingIsReadAndPressed) {
+void ExpectTheGameIsRead(Sitting& sitting, Reader& reader) {
   sitting.Open();
   for (const char* toolTip :
        {"Change the theme", "Lef click for program About, right click for description of this theme"})
@@ -143,7 +120,7 @@ TEST_F(WindowAccessibility, EverythingIsReadAndPressed) {
   reader.AwaitObject("label", "Ann");
 }
 
-TEST_F(WindowAccessibility, DialogsAreRead) {
+void ExpectDialogsAreRead(Sitting& sitting, Reader& reader) {
   WriteFile(sitting.ThemeFile("ThemeDetails.ini"), "\"Glass, brass\",2026\r\n");
   fs::create_directory(sitting.folder.Path() / "program" / "Empty one");
   sitting.Open();
@@ -171,49 +148,16 @@ TEST_F(WindowAccessibility, DialogsAreRead) {
   reader.AwaitObject("label",
                      "There is an important file missing. Can not load theme Empty one\nLoading default theme..");
   sitting.Answer("File(s) missing");
-  sitting.AwaitField("of the default theme", {sitting.Rest(0)}, sitting.Cup(0));
 }
 
-TEST_F(WindowAccessibility, BoxesSayWhatIsWrongWithATheme) {
-  const struct {
-    std::function<void(const fs::path&)> spoil;
-    std::vector<std::pair<std::string, std::string>> boxes;
-  } cases[] = {
-      {[](const fs::path& folder) { fs::remove(folder / "HighScores.ini"); },
-       {{"File not found", "Highscore file not found"}}},
-      {[](const fs::path& folder) { WriteFile(folder / "sm0.bmp", "BM"); },
-       {{"Theme not loaded", "Theme1: sm0.bmp: not a bitmap that can be read\nLoading default theme.."},
-        {"Theme not found", "Can't find Default theme"}}},
-      {[](const fs::path& folder) { WriteFile(folder / "Theme.ini", "25\r\n63\r\nabc\r\n20\r\n"); },
-       {{"Theme not loaded", "Theme1: Theme.ini, line 3: 'abc' is not a number\nLoading default theme.."},
-        {"Theme not found", "Can't find Default theme"}}},
-      {[](const fs::path& folder) { fs::remove_all(folder); },
-       {{"File(s) missing", "There is an important file missing. Can not load theme Theme1\nLoading default theme.."},
-        {"Theme not found", "Can't find Default theme"}}},
-  };
-  for (const auto& wrong : cases) {
-    wrong.spoil(sitting.ThemeFile(""));
-    const auto answerAll = [&] {
-      for (const auto& [title, text] : wrong.boxes) {
-        reader.AwaitObject("alert", title);
-        reader.AwaitObject("label", text);
-        sitting.Answer(title);
-      }
-    };
-    sitting.Start();
-    answerAll();
-    sitting.window = sitting.Await(wrong.boxes.size() == 1 ? "Sorvex - Theme1" : "Sorvex");
-    sitting.Click(100, 270);
-    answerAll();  // at every Start
-    sitting.Await(wrong.boxes.size() == 1 ? "Sorvex - Theme1" : "Sorvex");
-    sitting.player->Tap("h", "Alt_L");
-    sitting.Answer("File not found");
-    sitting.AwaitPanel(true);
-    sitting.player->UseCloseBox(sitting.window);
-    EXPECT_EQ(sitting.program->ExitCode(), 0);
-    WriteTheme(sitting.folder.Path() / "program", sitting.theme);
-    fs::remove(sitting.ThemeFile("HighScores.ini"));
-  }
+// One story, since a process can be a client of one accessibility bus only.
+TEST(WindowAccessibility, EverythingIsReadAndPressed) {
+  TestTheme theme = CupTheme(1);
+  theme.highScores = HighScoreFile({"12.5"});
+  Sitting sitting(theme);
+  Reader reader(sitting);
+  ExpectTheGameIsRead(sitting, reader);
+  ExpectDialogsAreRead(sitting, reader);
 }
 
 }  // namespace

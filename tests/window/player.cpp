@@ -2,7 +2,6 @@
 // The player's eyes and hands, by XTest and the properties that window managers keep.
 #include "window/player.h"
 
-#include <X11/XKBlib.h>
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
 #include <X11/extensions/XTest.h>
@@ -86,13 +85,6 @@ bool Player::HasFocus(WindowId window) const {
   return focus == window;
 }
 
-std::optional<bool> Player::IconIsSeen(WindowId window) const {
-  const Property icon = Read(display_, window, Atom("_NET_WM_ICON"));
-  if (icon.count == 0) return std::nullopt;
-  const auto* words = reinterpret_cast<const long*>(icon.data.get());  // width, height, pixels
-  return std::any_of(words + 2, words + icon.count, [](long pixel) { return (pixel & 0xFF000000) != 0; });
-}
-
 Rectangle Player::ClientArea(WindowId window) const {
   XWindowAttributes attributes{};
   ::XGetWindowAttributes(display_, window, &attributes);
@@ -120,13 +112,8 @@ void Player::Move(int x, int y) {
   ::XSync(display_, False);
 }
 
-void Player::Press(unsigned button) {
-  ::XTestFakeButtonEvent(display_, button, True, CurrentTime);
-  ::XSync(display_, False);
-}
-
-void Player::Release(unsigned button) {
-  ::XTestFakeButtonEvent(display_, button, False, CurrentTime);
+void Player::Button(unsigned button, bool down) {
+  ::XTestFakeButtonEvent(display_, button, down ? True : False, CurrentTime);
   ::XSync(display_, False);
 }
 
@@ -149,11 +136,6 @@ void Player::Type(const std::string& text) {
     const bool capital = std::isupper(static_cast<unsigned char>(c)) != 0;
     Tap(c == ' ' ? "space" : std::string(1, c), capital ? "Shift_L" : "");
   }
-}
-
-void Player::RepeatKeys(unsigned delay, unsigned interval) {
-  ::XkbSetAutoRepeatRate(display_, XkbUseCoreKbd, delay, interval);
-  ::XSync(display_, False);
 }
 
 void Player::UseCloseBox(WindowId window) {

@@ -3,7 +3,6 @@
 // so that it can play on any toolkit's window.
 #pragma once
 
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -29,25 +28,22 @@ class Player {
   /// The newest window with that title; 0 when there is none.
   WindowId Find(const std::string& title) const;
   bool HasFocus(WindowId window) const;
-  /// Whether there is a pixel to see in the window's own icon; nullopt when it has none.
-  std::optional<bool> IconIsSeen(WindowId window) const;
   /// Inside the frame, on the screen.
   Rectangle ClientArea(WindowId window) const;
   Bitmap Look(const Rectangle& screenPart) const;
 
   void Move(int x, int y);
-  void Press(unsigned button = 1);
-  void Release(unsigned button = 1);
+  void Press(unsigned button = 1) { Button(button, true); }
+  void Release(unsigned button = 1) { Button(button, false); }
   /// By the name of its symbol.
   void Key(const std::string& key, bool down);
   void Tap(const std::string& key, const std::string& modifier = {});
   /// Letters, digits and spaces.
   void Type(const std::string& text);
-  /// How soon and how often a held key repeats, milliseconds.
-  void RepeatKeys(unsigned delay, unsigned interval);
   void UseCloseBox(WindowId window);
 
  private:
+  void Button(unsigned button, bool down);
   unsigned long Atom(const char* name) const;
   std::vector<WindowId> Windows() const;
   std::string TitleOf(WindowId window) const;

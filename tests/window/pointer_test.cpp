@@ -85,24 +85,5 @@ TEST(WindowPointer, EveryQueuedMovementCounts) {
   sitting.AwaitField("after the pointer crossed the item", {{0, 195, 93}}, sitting.Cup(0));
 }
 
-// The slide of such a drag ends where the last frame had the item. How much comes at once is up to the screen: several
-// tries make sure that once it is all.
-TEST(WindowPointer, ADragThatCameAllAtOnceIsDrawnToItsEnd) {
-  Sitting sitting;
-  sitting.Open();
-  sitting.StartGame();
-  const std::vector<Placed> atRest{sitting.Rest(0), sitting.Rest(1), sitting.Rest(2)};
-  for (int i = 0; i < 6; ++i) {
-    sitting.AwaitHover("before the drag", atRest, 0);
-    sitting.program->Signal(SIGSTOP);
-    sitting.Hover(35, 70);
-    sitting.player->Press();
-    for (const auto& [x, y] : {std::pair{35, 71}, {35, 60}, {60, 150}}) sitting.Hover(x, y);
-    sitting.player->Release();
-    sitting.program->Signal(SIGCONT);
-    sitting.AwaitField("after the slide", atRest, sitting.Cup(0));
-  }
-}
-
 }  // namespace
 }  // namespace sorvex

@@ -24,28 +24,10 @@ namespace fs = std::filesystem;
 
 constexpr int kSaid = 3;
 
-// What follows the name in a process's line of /proc: state, parent, group, session, ...
-std::vector<std::string> StatFields(const fs::path& process) {
-  std::ifstream file(process / "stat");
-  std::string line((std::istreambuf_iterator<char>(file)), {});
-  std::vector<std::string> fields;
-  const std::size_t name = line.rfind(')');
-  if (name == std::string::npos) return fields;
-  for (std::size_t from = name + 2, to = 0; from < line.size(); from = to + 1) {
-    to = std::min(line.find(' ', from), line.size());
-    fields.push_back(line.substr(from, to - from));
-  }
-  return fields;
-}
-
 std::vector<pid_t> Children() {
   std::vector<pid_t> children;
-  for (const auto& entry : fs::directory_iterator("/proc")) {
-    const std::string name = entry.path().filename().string();
-    if (!std::isdigit(static_cast<unsigned char>(name.front()))) continue;
-    const std::vector<std::string> fields = StatFields(entry.path());
-    if (fields.size() > 1 && fields[1] == std::to_string(::getpid())) children.push_back(std::stoi(name));
-  }
+  std::ifstream file("/proc/self/task/" + std::to_string(::getpid()) + "/children");
+  for (pid_t child = 0; file >> child;) children.push_back(child);
   return children;
 }
 
@@ -143,13 +125,6 @@ std::size_t Process::ResidentMemory() const {
   std::size_t resident = 0;
   if (!(file >> whole >> resident)) throw std::runtime_error("no such process");
   return resident * static_cast<std::size_t>(::sysconf(_SC_PAGESIZE));
-}
-
-std::chrono::milliseconds Process::ProcessorTime() const {
-  const std::vector<std::string> fields = StatFields(fs::path("/proc") / std::to_string(id_));
-  if (fields.size() < 13) throw std::runtime_error("no such process");
-  const long ticks = std::stol(fields[11]) + std::stol(fields[12]);
-  return std::chrono::milliseconds(ticks * 1000 / ::sysconf(_SC_CLK_TCK));
 }
 
 }  // namespace sorvex

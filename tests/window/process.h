@@ -42,8 +42,6 @@ class Process {
   bool Runs();
   /// Memory that it has resident, bytes.
   std::size_t ResidentMemory() const;
-  /// Processor time used so far.
-  std::chrono::milliseconds ProcessorTime() const;
 
  private:
   pid_t id_ = 0;
