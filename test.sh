@@ -1,8 +1,8 @@
 #!/bin/sh
 # SPDX-License-Identifier: MIT
 # Installs what is missing, builds everything, holds the code to its habits (tools/check.sh) and runs every test, those of
-# Windows under Wine, the core's also under the sanitizers. The program for 32-bit Windows is only built: this Wine runs
-# 64-bit programs.
+# Windows under Wine, the core's also under the sanitizers, the fuzzers for ten seconds each. The program for 32-bit
+# Windows is only built: this Wine runs 64-bit programs.
 set -eu
 cd "$(dirname "$0")"
 . tools/packages.sh
@@ -20,3 +20,6 @@ ctest --preset dev
 cmake --preset asan
 cmake --build --preset asan --target sorvex-core-tests
 ctest --preset asan
+cmake --preset fuzz
+cmake --build --preset fuzz
+ctest --preset fuzz

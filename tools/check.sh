@@ -21,9 +21,9 @@ complain "No platform #ifdef outside the front ends:" "$(grep -rnE '^ *# *if(def
 complain "Windows is known to its own front end only:" \
   "$(grep -rnE '#include <windows' src bench | grep -v '^src/platform/win32/')"
 complain "No extern variable, no mutable global:" \
-  "$(grep -rnE '^(extern|static|inline) [^(]*(;|=)' --include=*.h --include=*.cpp src bench tests | grep -v constexpr)"
+  "$(grep -rnE '^(extern|static|inline) [^(]*(;|=)' --include=*.h --include=*.cpp src bench tests fuzz | grep -v constexpr)"
 complain "Every source file begins with its licence and what it is for:" \
-  "$(find src bench tests -name '*.h' -o -name '*.cpp' | while read -r file; do
+  "$(find src bench tests fuzz -name '*.h' -o -name '*.cpp' | while read -r file; do
     head -n 2 "$file" | grep -c '^// ' | grep -q 2 || echo "$file"; done)"
 complain "No include cycle:" \
   "$(cd src && grep -rnoE '^#include "[^"]+"' --include=*.h . | sed -E 's|^\./([^:]+):[0-9]+:#include "([^"]+)"|\1 \2|' |

@@ -20,12 +20,12 @@ namespace sorvex {
 
 QImage ViewOf(const Bitmap& bitmap) {
   return {reinterpret_cast<const uchar*>(bitmap.Pixels().data()), bitmap.Width(), bitmap.Height(),
-          static_cast<qsizetype>(bitmap.Width() * sizeof(Pixel)), QImage::Format_RGB32};
+          static_cast<qsizetype>(sizeof(Pixel)) * bitmap.Width(), QImage::Format_RGB32};
 }
 
 QImage ViewOf(Bitmap& bitmap) {
   return {reinterpret_cast<uchar*>(bitmap.Row(0)), bitmap.Width(), bitmap.Height(),
-          static_cast<qsizetype>(bitmap.Width() * sizeof(Pixel)), QImage::Format_RGB32};
+          static_cast<qsizetype>(sizeof(Pixel)) * bitmap.Width(), QImage::Format_RGB32};
 }
 
 Bitmap CopyOf(const QImage& image) {
