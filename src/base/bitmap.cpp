@@ -2,6 +2,7 @@
 // Copying pixels between surfaces.
 #include "base/bitmap.h"
 
+#include <algorithm>
 #include <cstring>
 
 namespace sorvex {
@@ -12,6 +13,10 @@ void CopyRow(Pixel* to, const Pixel* from, int count) {
 }
 
 }  // namespace
+
+bool IsOpaque(const Bitmap& bitmap) {
+  return std::ranges::all_of(bitmap.Pixels(), [](Pixel pixel) { return pixel >= kBlack; });
+}
 
 void CopySurface(Bitmap& dest, const Bitmap& source, const Rectangle& clip) {
   const Rectangle area = Intersection(Intersection(dest.Bounds(), source.Bounds()), clip);

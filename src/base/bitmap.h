@@ -62,6 +62,9 @@ class Bitmap {
   std::vector<Pixel, UninitializedAllocator<Pixel>> pixels_;
 };
 
+/// True if every alpha byte is FF, as in all bitmaps but pictures with transparency (platform/decode_rgba.h).
+bool IsOpaque(const Bitmap& bitmap);
+
 /// Copies `source` onto `dest` at (0, 0) (raster operation SRCCOPY), clipped to both bitmaps and to `clip`.
 void CopySurface(Bitmap& dest, const Bitmap& source, const Rectangle& clip);
 

@@ -19,10 +19,14 @@ const HighScore& DefaultRow() {
 }
 
 std::string PathOf(Desktop& desktop, const std::string& themeName) {
-  return FindFile(JoinPath(desktop.ProgramFolder(), themeName), "HighScores.ini");
+  return FindFile(JoinPath(desktop.ProgramFolder(), themeName), kHighScoresFile);
 }
 
-std::string Quoted(const std::string& field) { return '"' + field + "\"\r\n"; }
+std::string Quoted(const HighScore& score) {
+  std::string lines;
+  for (const std::string& field : {score.name, score.date, score.time}) lines += '"' + field + "\"\r\n";
+  return lines;
+}
 
 void TakeRows(Desktop& desktop, frmMain& form, const std::string& bytes) {
   const std::string text = DecodeText(bytes);
@@ -38,14 +42,17 @@ void TakeRows(Desktop& desktop, frmMain& form, const std::string& bytes) {
 
 std::string TextOf(const frmMain& form) {
   std::string text;
-  for (int row = 0; row < kHighScoreRows; ++row) {
-    const HighScore score = HighScoreAt(form, row);
-    text += Quoted(score.name) + Quoted(score.date) + Quoted(score.time);
-  }
+  for (int row = 0; row < kHighScoreRows; ++row) text += Quoted(HighScoreAt(form, row));
   return text;
 }
 
 }  // namespace
+
+std::string DefaultHighScoreText() {
+  std::string text;
+  for (int row = 0; row < kHighScoreRows; ++row) text += Quoted(DefaultRow());
+  return text;
+}
 
 HighScore HighScoreAt(const frmMain& form, int row) {
   return {form.lblHighName(row).Caption, form.lblHighDate(row).Caption, form.lblHighTime(row).Caption};

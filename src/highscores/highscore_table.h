@@ -10,6 +10,7 @@
 
 namespace sorvex {
 
+inline constexpr char kHighScoresFile[] = "HighScores.ini";
 inline constexpr int kHighScoreRows = 10;  ///< row 0 is the fastest
 
 /// A row's texts.
@@ -22,6 +23,9 @@ struct HighScore {
 /// `row` is 0 to kHighScoreRows - 1; throw NoSuchElement (340) if the row does not exist.
 HighScore HighScoreAt(const frmMain& form, int row);
 void SetHighScore(Desktop& desktop, frmMain& form, int row, const HighScore& score);
+
+/// The text of a file with the default rows.
+std::string DefaultHighScoreText();
 
 /// Resets all rows to the defaults, then fills them from the theme's file; a missing file is reported in a box. Rows
 /// without a time, or missing from the file, keep the default.

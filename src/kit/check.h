@@ -27,6 +27,10 @@ CheckedTheme CheckTheme(const std::string& folder, const Progress& progress = nu
 
 // Its parts. Each looks at what could be read of the theme and adds what it finds.
 
+/// What a file is by its first bytes: "a PNG picture".
+std::optional<std::string> KindOf(std::string_view start);
+/// Why the game cannot play these bytes as a sound.
+std::optional<std::string> WhyNoSound(std::string_view bytes);
 /// A reason why the game does not load the theme, with what the file's bytes tell about it.
 Finding Explained(const std::string& folder, const Fault& fault);
 /// The small text files: values that are not read, a table of best times that is missing.

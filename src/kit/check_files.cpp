@@ -11,13 +11,13 @@
 #include "base/limits.h"
 #include "base/text.h"
 #include "base/wave.h"
+#include "highscores/highscore_table.h"
 #include "kit/check.h"
+#include "kit/source.h"
 #include "themes/bitmap_check.h"
 
 namespace sorvex {
 namespace {
-
-constexpr char kHighScoresFile[] = "HighScores.ini";
 
 struct Signature {
   std::string_view bytes;  // '?' stands for any
@@ -41,18 +41,6 @@ constexpr Signature kSignatures[] = {
     {"????ftyp", "an MPEG-4 file"},
     {"RIFF????WAVE", "a wave file of compressed sound or without samples"},
 };
-
-// What a file is by its first bytes: "a PNG picture".
-std::optional<std::string> KindOf(std::string_view start) {
-  if (start.empty()) return "an empty file";
-  const auto begins = [&](const Signature& signature) {
-    return start.size() >= signature.bytes.size() &&
-           std::equal(signature.bytes.begin(), signature.bytes.end(), start.begin(),
-                      [](char expected, char c) { return expected == '?' || expected == c; });
-  };
-  const auto* found = std::ranges::find_if(kSignatures, begins);
-  return found == std::end(kSignatures) ? std::nullopt : std::optional<std::string>(found->name);
-}
 
 std::string StartOf(const std::string& folder, const std::string& file) {
   return ReadStart(FindFile(folder, file), kBitmapHeaders).value_or("");
@@ -155,6 +143,23 @@ void CheckHighScores(const std::string& folder, Findings& findings) {
 
 }  // namespace
 
+std::optional<std::string> KindOf(std::string_view start) {
+  if (start.empty()) return "an empty file";
+  const auto begins = [&](const Signature& signature) {
+    return start.size() >= signature.bytes.size() &&
+           std::equal(signature.bytes.begin(), signature.bytes.end(), start.begin(),
+                      [](char expected, char c) { return expected == '?' || expected == c; });
+  };
+  const auto* found = std::ranges::find_if(kSignatures, begins);
+  return found == std::end(kSignatures) ? std::nullopt : std::optional<std::string>(found->name);
+}
+
+std::optional<std::string> WhyNoSound(std::string_view bytes) {
+  const std::optional<Wave> wave = ReadWave(bytes);
+  if (wave && !wave->samples.empty()) return std::nullopt;
+  return "this is " + KindOf(bytes).value_or("no wave file") + "; a wave file of uncompressed sound is expected";
+}
+
 Finding Explained(const std::string& folder, const Fault& fault) {
   Finding finding{Severity::Error, fault.code, fault.file, fault.line, std::nullopt, fault.reason};
   if (fault.code == "missing-file") {
@@ -186,7 +191,7 @@ void CheckTexts(const std::string& folder, Findings& findings) {
 }
 
 void CheckSounds(const std::string& folder, Findings& findings) {
-  for (const char* file : {"Pickup.wav", "LetGo.wav", "HitTube.wav", "PutInCont.wav"}) {
+  for (const auto& [key, file] : kSounds) {
     const std::string path = FindFile(folder, file);
     const std::optional<std::string> bytes = ReadFile(path, kLargestSound);
     if (!bytes && !ModFileExist::FileExists(path)) {
@@ -194,12 +199,9 @@ void CheckSounds(const std::string& folder, Findings& findings) {
                           WhyMissing(folder, file) + "; the desktop's bell rings instead"});
       continue;
     }
-    const std::optional<Wave> wave = bytes ? ReadWave(*bytes) : std::nullopt;
-    if (wave && !wave->samples.empty()) continue;
-    const std::string kind = KindOf(StartOf(folder, file)).value_or("no wave file");
-    findings.push_back({Severity::Warning, "bad-sound", file, 0, std::nullopt,
-                        (bytes ? "this is " + kind : "longer than 32 MiB") +
-                            "; a wave file of uncompressed sound is expected, and the desktop's bell rings instead"});
+    if (const auto why = bytes ? WhyNoSound(*bytes) : "longer than 32 MiB")
+      findings.push_back(
+          {Severity::Warning, "bad-sound", file, 0, std::nullopt, *why + ", and the desktop's bell rings instead"});
   }
 }
 

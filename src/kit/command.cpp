@@ -13,11 +13,15 @@
 #include <system_error>
 #include <utility>
 
+#include "base/files.h"
 #include "kit/check.h"
 #include "kit/gallery.h"
+#include "kit/make.h"
 #include "kit/preview.h"
 #include "kit/report.h"
 #include "kit/save_file.h"
+#include "kit/source.h"
+#include "kit/starter.h"
 #include "platform/encode_png.h"
 
 namespace sorvex {
@@ -51,13 +55,16 @@ Progress ShowProgress(const std::string& folder) {
   };
 }
 
+void Print(const CheckedTheme& theme) {
+  std::cout << AsLines(theme, IsColored()) << std::flush;
+  std::cerr << Summary(theme);
+}
+
 int Check(const std::vector<std::string>& folders, bool json) {
   std::vector<CheckedTheme> themes;
   for (const std::string& folder : folders) {
     themes.push_back(CheckTheme(folder, ShowProgress(folder)));
-    if (json) continue;
-    std::cout << AsLines(themes.back(), IsColored()) << std::flush;
-    std::cerr << Summary(themes.back());
+    if (!json) Print(themes.back());
   }
   if (json) std::cout << AsJson(themes);
   const bool clean = std::ranges::all_of(themes, [](const CheckedTheme& theme) { return theme.findings.empty(); });
@@ -106,6 +113,44 @@ int Preview(const PreviewOptions& options) {
   return kNoFinding;
 }
 
+bool IsSameFolder(const std::string& a, const std::string& b) {
+  std::error_code error;
+  const auto path = [](const std::string& text) {
+    return std::filesystem::path(std::u8string(text.begin(), text.end()));
+  };
+  return std::filesystem::equivalent(path(a.empty() ? "." : a), path(b), error);
+}
+
+int Make(const std::string& sourcePath, const std::string& folder) {
+  Findings findings;
+  const ThemeSource source = ReadSource(sourcePath, findings);
+  if (IsSameFolder(source.folder, folder)) {
+    std::cerr << folder << " holds the source; name another folder for the theme\n";
+    return kUsage;
+  }
+  const MadeTheme theme = MakeTheme(source, findings);
+  if (!findings.empty()) {
+    Print({source.folder, findings, {}});
+    return kUsage;
+  }
+  WriteTheme(folder, theme);
+  for (std::size_t n = 0; n < theme.places.size(); ++n)
+    if (const auto& place = theme.places[n])
+      std::cout << "item " << n << ": at (" << place->x << ", " << place->y << "), in its container\n";
+  return Check({folder}, false);
+}
+
+int MakeNew(const std::string& folder) {
+  if (PathExists(folder)) {
+    std::cerr << folder << " is there already; name a new folder\n";
+    return kUsage;
+  }
+  for (const auto& [name, bytes] : StarterSource()) SaveFile(JoinPath(folder, name), bytes);
+  std::cout << folder << ": theme.toml, pictures and sounds; make a theme of them: sorvex-theme make " << folder
+            << " -o THEME\n";
+  return kNoFinding;
+}
+
 }  // namespace
 
 int RunThemeCommand(std::vector<std::string> arguments) {
@@ -129,10 +174,21 @@ int RunThemeCommand(std::vector<std::string> arguments) {
     if (picture->empty() == gallery->empty()) throw CLI::RequiredError("Either -o or --web");
     if (!picture->empty() && preview.folders.size() != 1) throw CLI::RequiredError("With -o exactly one THEME");
   });
+  std::string source;
+  std::string theme;
+  CLI::App* make = app.add_subcommand("make", "Makes a theme from pictures with transparency, and checks it");
+  make->add_option("SOURCE", source, "A folder with a theme.toml, or that file")->required();
+  make->add_option("-o,--output", theme, "The theme's folder")->required()->type_name("THEME");
+  make->footer("Exit status: 0 nothing found, 1 findings, 2 unusable source or wrong usage.");
+  std::string name;
+  CLI::App* start = app.add_subcommand("new", "Makes a small source to start a theme from");
+  start->add_option("NAME", name, "The new folder")->required();
   try {
     std::ranges::reverse(arguments);  // as CLI11 takes them
     app.parse(std::move(arguments));
-    return check->parsed() ? Check(folders, json) : Preview(preview);
+    if (check->parsed()) return Check(folders, json);
+    if (make->parsed()) return Make(source, theme);
+    return start->parsed() ? MakeNew(name) : Preview(preview);
   } catch (const CLI::ParseError& error) {
     return app.exit(error) == 0 ? kNoFinding : kUsage;
   } catch (const std::exception& error) {

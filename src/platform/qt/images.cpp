@@ -148,7 +148,9 @@ std::optional<Bitmap> DecodeBitmap(std::string_view bytes) {
 
 std::string EncodePng(const Bitmap& bitmap) {
   QBuffer buffer;
-  if (!QImageWriter(&buffer, "PNG").write(ViewOf(bitmap))) throw OutOfMemory();
+  QImage image = ViewOf(bitmap);
+  if (!IsOpaque(bitmap)) image.reinterpretAsFormat(QImage::Format_ARGB32);
+  if (!QImageWriter(&buffer, "PNG").write(image)) throw OutOfMemory();
   return buffer.data().toStdString();
 }
 

@@ -30,7 +30,8 @@ std::string EncodePng(const Bitmap& bitmap) {
   const std::unique_ptr<IStream, Releaser> stream(::SHCreateMemStream(nullptr, 0));
   // GDI+ only reads the pixels, although its parameter is not const.
   Gdiplus::Bitmap image(bitmap.Width(), bitmap.Height(), bitmap.Width() * static_cast<int>(sizeof(Pixel)),
-                        PixelFormat32bppRGB, reinterpret_cast<BYTE*>(const_cast<Pixel*>(bitmap.Row(0))));
+                        IsOpaque(bitmap) ? PixelFormat32bppRGB : PixelFormat32bppARGB,
+                        reinterpret_cast<BYTE*>(const_cast<Pixel*>(bitmap.Row(0))));
   STATSTG facts{};
   if (!stream || image.Save(stream.get(), &kPngEncoder, nullptr) != Gdiplus::Ok ||
       FAILED(stream->Stat(&facts, STATFLAG_NONAME)) || FAILED(stream->Seek({}, STREAM_SEEK_SET, nullptr)))
