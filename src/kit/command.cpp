@@ -43,6 +43,8 @@ std::string WhyNoFolder(const std::string& name) {
   return std::filesystem::is_directory(path, error) ? "" : name + " is not a folder";
 }
 
+std::string WhyNoName(const std::string& name) { return name.empty() ? "an empty name" : ""; }
+
 // Shows on a terminal how far the proof is, on a line that goes again.
 Progress ShowProgress(const std::string& folder) {
   if (::isatty(STDERR_FILENO) == 0) return nullptr;
@@ -151,44 +153,71 @@ int MakeNew(const std::string& folder) {
   return kNoFinding;
 }
 
+// What a command line sets.
+struct Options {
+  std::vector<std::string> folders;
+  bool json = false;
+  PreviewOptions preview;
+  std::string source;
+  std::string theme;
+  std::string name;
+};
+
+CLI::App* AddCheck(CLI::App& app, Options& options) {
+  CLI::App* check = app.add_subcommand("check", "Finds all that is wrong with themes");
+  check->add_option("THEME", options.folders, "A theme's folder")->required()->check(WhyNoFolder);
+  check->add_flag("--json", options.json, "Print the findings as JSON");
+  check->footer("Exit status: 0 nothing found, 1 findings, 2 wrong usage.");
+  return check;
+}
+
+void AddPreview(CLI::App& app, PreviewOptions& options) {
+  CLI::App* draw = app.add_subcommand("preview", "Draws themes as the game starts them");
+  draw->add_option("THEME", options.folders, "A theme's folder")->required()->check(WhyNoFolder);
+  CLI::Option* picture = draw->add_option("-o,--output", options.picture, "Write one theme's field to this PNG file");
+  draw->add_flag("--paths", options.paths, "Draw the ways to the target and their tightest places")->needs(picture);
+  CLI::Option* gallery =
+      draw->add_option("--web", options.gallery, "Write a page with all the themes into this folder");
+  draw->callback([=, &options] {
+    if (picture->empty() == gallery->empty()) throw CLI::RequiredError("Either -o or --web");
+    if (!picture->empty() && options.folders.size() != 1) throw CLI::RequiredError("With -o exactly one THEME");
+  });
+}
+
+CLI::App* AddMake(CLI::App& app, Options& options) {
+  CLI::App* make = app.add_subcommand("make", "Makes a theme from pictures with transparency, and checks it");
+  make->add_option("SOURCE", options.source, "A folder with a theme.toml, or that file")->required()->check(WhyNoName);
+  make->add_option("-o,--output", options.theme, "The theme's folder")
+      ->required()
+      ->check(WhyNoName)
+      ->type_name("THEME");
+  make->footer("Exit status: 0 nothing found, 1 findings, 2 unusable source or wrong usage.");
+  return make;
+}
+
+CLI::App* AddNew(CLI::App& app, Options& options) {
+  CLI::App* start = app.add_subcommand("new", "Makes a small source to start a theme from");
+  start->add_option("NAME", options.name, "The new folder")->required()->check(WhyNoName);
+  return start;
+}
+
 }  // namespace
 
 int RunThemeCommand(std::vector<std::string> arguments) {
   CLI::App app("Tools for makers of Sorvex themes.", "sorvex-theme");
   app.allow_windows_style_options(false);  // a slash begins a path
   app.require_subcommand(1);
-  std::vector<std::string> folders;
-  bool json = false;
-  CLI::App* check = app.add_subcommand("check", "Finds all that is wrong with themes");
-  check->add_option("THEME", folders, "A theme's folder")->required()->check(WhyNoFolder);
-  check->add_flag("--json", json, "Print the findings as JSON");
-  check->footer("Exit status: 0 nothing found, 1 findings, 2 wrong usage.");
-  PreviewOptions preview;
-  CLI::App* draw = app.add_subcommand("preview", "Draws themes as the game starts them");
-  draw->add_option("THEME", preview.folders, "A theme's folder")->required()->check(WhyNoFolder);
-  CLI::Option* picture = draw->add_option("-o,--output", preview.picture, "Write one theme's field to this PNG file");
-  draw->add_flag("--paths", preview.paths, "Draw the ways to the target and their tightest places")->needs(picture);
-  CLI::Option* gallery =
-      draw->add_option("--web", preview.gallery, "Write a page with all the themes into this folder");
-  draw->callback([&] {
-    if (picture->empty() == gallery->empty()) throw CLI::RequiredError("Either -o or --web");
-    if (!picture->empty() && preview.folders.size() != 1) throw CLI::RequiredError("With -o exactly one THEME");
-  });
-  std::string source;
-  std::string theme;
-  CLI::App* make = app.add_subcommand("make", "Makes a theme from pictures with transparency, and checks it");
-  make->add_option("SOURCE", source, "A folder with a theme.toml, or that file")->required();
-  make->add_option("-o,--output", theme, "The theme's folder")->required()->type_name("THEME");
-  make->footer("Exit status: 0 nothing found, 1 findings, 2 unusable source or wrong usage.");
-  std::string name;
-  CLI::App* start = app.add_subcommand("new", "Makes a small source to start a theme from");
-  start->add_option("NAME", name, "The new folder")->required();
+  Options options;
+  const CLI::App* start = AddNew(app, options);
+  const CLI::App* make = AddMake(app, options);
+  const CLI::App* check = AddCheck(app, options);
+  AddPreview(app, options.preview);
   try {
     std::ranges::reverse(arguments);  // as CLI11 takes them
     app.parse(std::move(arguments));
-    if (check->parsed()) return Check(folders, json);
-    if (make->parsed()) return Make(source, theme);
-    return start->parsed() ? MakeNew(name) : Preview(preview);
+    if (start->parsed()) return MakeNew(options.name);
+    if (make->parsed()) return Make(options.source, options.theme);
+    return check->parsed() ? Check(options.folders, options.json) : Preview(options.preview);
   } catch (const CLI::ParseError& error) {
     return app.exit(error) == 0 ? kNoFinding : kUsage;
   } catch (const std::exception& error) {

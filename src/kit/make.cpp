@@ -3,8 +3,6 @@
 #include "kit/make.h"
 
 #include <algorithm>
-#include <filesystem>
-#include <system_error>
 #include <utility>
 
 #include "base/files.h"
@@ -201,13 +199,8 @@ MadeTheme MakeTheme(const ThemeSource& source, Findings& findings) { return Make
 
 void WriteTheme(const std::string& folder, const MadeTheme& theme) {
   for (const auto& [name, bytes] : theme.files) SaveFile(JoinPath(folder, name), bytes);
-  for (const std::string& name : AllNames()) {
-    if (theme.files.contains(name)) continue;
-    const std::string path = FindFile(folder, name);
-    std::error_code error;
-    std::filesystem::remove(std::u8string(path.begin(), path.end()), error);
-    if (error) throw PathAccessError();
-  }
+  for (const std::string& name : AllNames())
+    if (!theme.files.contains(name)) RemoveFile(FindFile(folder, name));
   const std::string highScores = FindFile(folder, kHighScoresFile);
   if (!PathExists(highScores)) SaveFile(highScores, DefaultHighScoreText());
 }

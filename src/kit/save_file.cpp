@@ -10,6 +10,15 @@
 
 namespace sorvex {
 
+namespace {
+
+[[noreturn]] void Fail(const std::string& path) {
+  const RuntimeError failure = PathAccessError();
+  throw RuntimeError(failure.Number(), path + ": " + failure.Description());
+}
+
+}  // namespace
+
 void SaveFile(const std::string& path, std::string_view bytes) {
   const std::filesystem::path file(std::u8string(path.begin(), path.end()));
   std::error_code error;
@@ -17,7 +26,13 @@ void SaveFile(const std::string& path, std::string_view bytes) {
   std::ofstream out(file, std::ios::binary);
   out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
   out.close();
-  if (!out) throw PathAccessError();
+  if (!out) Fail(path);
+}
+
+void RemoveFile(const std::string& path) {
+  std::error_code error;
+  std::filesystem::remove(std::u8string(path.begin(), path.end()), error);
+  if (error) Fail(path);
 }
 
 }  // namespace sorvex

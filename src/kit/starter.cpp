@@ -126,7 +126,7 @@ Bitmap DrawBackground() {
     std::fill_n(picture.Row(y), picture.Width(), Over(0xFF101838, 0xFF4A5A98, std::min(1.0, y / 200.0)));
   for (int i = 0; i < 40; ++i)
     Paint(picture, i % 5 == 0 ? 0xF0FFF4D0 : 0xA0FFFFFF, [i](Point p) {
-      return Circle(p, {(i * 83 + 20) % 320 + 0.5, (i * 47 + 9) % 126 + 0.5}, i % 5 == 0 ? 1.4 : 0.9);
+      return Circle(p, {(i * i * 31 + i * 197) % 320 + 0.5, (i * i * 53 + i * 17) % 126 + 0.5}, i % 5 == 0 ? 1.4 : 0.9);
     });
   Paint(picture, 0xFF6B4A33, [](Point p) { return 204 - p.y; });
   Paint(picture, 0xFF8A6346, [](Point p) { return std::max(204 - p.y, p.y - 208); });

@@ -186,7 +186,8 @@ TEST(AFaultyTheme, IsToldItsFault) {
 }
 
 TEST(EveryFinding, StandsInTheGuide) {
-  const std::string guide = ReadWholeFile(SORVEX_SOURCE_FOLDER "/docs/themes.md");
+  std::string guide = ReadWholeFile(SORVEX_SOURCE_FOLDER "/docs/themes.md");
+  guide.erase(0, guide.find("\nIn a theme:\n"));
   std::set<std::string> told;
   const std::regex row("\\n\\| `([a-z0-9-]+)` \\|");
   for (auto match = std::sregex_iterator(guide.begin(), guide.end(), row); match != std::sregex_iterator(); ++match)
