@@ -75,7 +75,7 @@ class Maker {
       return DecodeRgba(*bytes, mostPixels);
     } catch (const PictureError& error) {
       const std::optional<std::string> kind = KindOf(*bytes);
-      Complain("source-picture", file.line, file.path + ": " + (kind ? *kind + ", but " : "") + error.what());
+      Complain("source-picture", file.line, file.path + (kind ? " (" + *kind + "): " : ": ") + error.what());
     }
     return std::nullopt;
   }

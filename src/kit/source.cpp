@@ -33,12 +33,14 @@ class Complaints {
   Findings& findings_;
 };
 
+bool IsControl(char c) { return (c >= 0 && c < 0x20) || c == 0x7F; }
+
 // Why a path is none that a source may have; empty: nothing.
 std::string WhyNoPath(const std::string& path) {
   if (path.empty()) return "is no name";
   if (path.find('\\') != path.npos) return "has a backslash; between folders stands /";
   if (path.front() == '/' || path.substr(1, 1) == ":") return "is not relative to the folder of this file";
-  if (std::ranges::any_of(path, [](char c) { return c >= 0 && c < 0x20; })) return "has a control character";
+  if (std::ranges::any_of(path, IsControl)) return "has a control character";
   return "";
 }
 
@@ -67,10 +69,8 @@ class Table {
   std::string Text(const char* key, const toml::node* node) const {
     if (node == nullptr) return "";
     if (const auto text = node->value_exact<std::string>()) {
-      const auto isControl = [](char c) {
-        return (c >= 0 && c < 0x20 && c != '\t' && c != '\n' && c != '\r') || c == 0x7F;
-      };
-      if (std::ranges::any_of(*text, isControl))
+      const auto isUnknown = [](char c) { return IsControl(c) && c != '\t' && c != '\n' && c != '\r'; };
+      if (std::ranges::any_of(*text, isUnknown))
         Complain("source-value", LineOf(*node), Named(key) + " has a control character");
       return *text;
     }
@@ -136,11 +136,13 @@ class Table {
   void ComplainOfOthers() const {
     std::string all;
     for (const std::string& key : known_) all += (all.empty() ? "" : ", ") + key;
-    for (const auto& [key, node] : table_)
-      if (std::ranges::find(known_, key.str()) == known_.end())
-        Complain(
-            "source-key", static_cast<int>(key.source().begin.line),
-            (name_.empty() ? "" : name_ + ": ") + "unknown key '" + std::string(key.str()) + "'; known are " + all);
+    for (const auto& [key, node] : table_) {
+      std::string name(key.str());
+      if (std::ranges::find(known_, name) != known_.end()) continue;
+      std::ranges::replace_if(name, IsControl, ' ');
+      Complain("source-key", static_cast<int>(key.source().begin.line),
+               (name_.empty() ? "" : name_ + ": ") + "unknown key '" + name + "'; known are " + all);
+    }
   }
 
  private:

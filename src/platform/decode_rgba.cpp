@@ -25,6 +25,6 @@ Size AllowedSize(std::int64_t width, std::int64_t height, std::int64_t mostPixel
   return {static_cast<int>(width), static_cast<int>(height)};
 }
 
-void ThrowUndecodable() { throw PictureError("not a picture that can be read; save it as PNG"); }
+void ThrowUndecodable() { throw PictureError("cannot be read as a picture; save it again as PNG"); }
 
 }  // namespace sorvex

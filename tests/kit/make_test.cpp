@@ -103,9 +103,9 @@ const Example kExamples[] = {
     {"hit.wav", "none.wav", {":6: error: none.wav: not found, or not a file that can be opened [source-sound]"}},
     {"hit.wav", "song.mp3", {":6: error: song.mp3: this is an MP3 sound; a wave file of uncompressed sound"}},
     {"target.png", "none.png", {":3: error: none.png: not found, or not a file that can be opened [source-picture]"}},
-    {"target.png", "song.mp3", {":3: error: song.mp3: an MP3 sound, but not a picture that can be read; save it as PNG"}},
-    {"target.png", "bomb.png", {":3: error: bomb.png: a PNG picture, but 100000 x 100000 pixels are too many: the "}},
-    {"target.png", "4000.png", {":3: error: 4000.png: a PNG picture, but 4000 x 4000 pixels are too many: the "}},
+    {"target.png", "song.mp3", {":3: error: song.mp3 (an MP3 sound): cannot be read as a picture; save it again as PNG"}},
+    {"target.png", "bomb.png", {":3: error: bomb.png (a PNG picture): 100000 x 100000 pixels are too many: the "}},
+    {"target.png", "4000.png", {":3: error: 4000.png (a PNG picture): 4000 x 4000 pixels are too many: the "}},
     // All at once, in the order of lines
     {"'bg.png'\n[target]\npicture = 'target.png'", "'a.png'\n[target]\npicture = 'b.png'\ncolour = 1",
      {":1: error: a.png: not found", ":3: error: b.png: not found", ":4: error: [target]: unknown key 'colour'"}},
@@ -200,6 +200,7 @@ TEST(ANewSource, MakesAThemeWithoutAFinding) {
   const std::string source = (folder.Path() / "a new").string();
   const std::string theme = (folder.Path() / "Themes" / "T").string();
   testing::internal::CaptureStdout();
+  testing::internal::CaptureStderr();
   EXPECT_EQ(RunThemeCommand({"new", source}), 0);
   EXPECT_EQ(RunThemeCommand({"new", source}), 2) << "there is one";
   EXPECT_EQ(RunThemeCommand({"make", source, "-o", theme}), 0);
@@ -213,6 +214,7 @@ TEST(ANewSource, MakesAThemeWithoutAFinding) {
   WriteFile(source + "/theme.toml", With(toml, "star.png", "none.png"));
   EXPECT_EQ(RunThemeCommand({"make", source, "-o", theme}), 2);
   testing::internal::GetCapturedStdout();
+  testing::internal::GetCapturedStderr();
 }
 
 }  // namespace
