@@ -61,8 +61,7 @@ class Table {
   }
   const toml::node* Need(const char* key) {
     const toml::node* node = Find(key);
-    if (node == nullptr)
-      Complain("source-key", Line(), (name_.empty() ? "" : name_ + ": ") + "the key '" + key + "' is missing");
+    if (node == nullptr) Complain("source-key", Line(), Prefix() + "the key '" + key + "' is missing");
     return node;
   }
 
@@ -134,18 +133,19 @@ class Table {
 
   // To be called when every known key has been asked for.
   void ComplainOfOthers() const {
-    std::string all;
-    for (const std::string& key : known_) all += (all.empty() ? "" : ", ") + key;
-    for (const auto& [key, node] : table_) {
-      std::string name(key.str());
-      if (std::ranges::find(known_, name) != known_.end()) continue;
-      std::ranges::replace_if(name, IsControl, ' ');
-      Complain("source-key", static_cast<int>(key.source().begin.line),
-               (name_.empty() ? "" : name_ + ": ") + "unknown key '" + name + "'; known are " + all);
-    }
+    for (const auto& [key, node] : table_)
+      if (std::ranges::find(known_, key.str()) == known_.end()) ComplainOfKey(key);
   }
 
  private:
+  void ComplainOfKey(const toml::key& key) const {
+    std::string name(key.str());
+    std::ranges::replace_if(name, IsControl, ' ');
+    std::string message = Prefix() + "unknown key '" + name + "'; known are ";
+    for (const std::string& known : known_) message += (&known == known_.data() ? "" : ", ") + known;
+    Complain("source-key", static_cast<int>(key.source().begin.line), message);
+  }
+  std::string Prefix() const { return name_.empty() ? "" : name_ + ": "; }
   static std::string Named(const char* key) { return "'" + std::string(key) + "'"; }
 
   const toml::table& table_;
