@@ -9,8 +9,8 @@
 
 namespace sorvex {
 
-/// The bitmap, which must have at least one pixel, as the bytes of a PNG file; with an alpha channel if an alpha byte is
-/// not FF. Throws OutOfMemory (7) if the encoder fails.
+/// The bitmap, which must have at least one pixel, as the bytes of a PNG file; with an alpha channel if an alpha byte
+/// is not FF. Throws OutOfMemory (7) if the encoder fails.
 std::string EncodePng(const Bitmap& bitmap);
 
 }  // namespace sorvex
