@@ -37,6 +37,11 @@ std::string File(std::uint32_t bits, std::uint32_t compression, const std::strin
   return file + palette + rows;
 }
 
+std::string WithOffset(std::string file, char offset) {
+  file.replace(10, 4, std::string{offset, '\0', '\0', '\0'});
+  return file;
+}
+
 struct Kind {
   const char* what;
   std::string file;
@@ -62,6 +67,9 @@ const Kind kKinds[] = {
      kThree},
     {"runs of 8 bits", File(8, 1, "\0\3\0\4\1\0\0\0"s + "\1\1\1\2\1\3\0\1"s), kThree},
     {"runs of 4 bits", File(4, 2, "\0\3\x04\x10\0\0"s + "\3\x12\0\1"s), {kRed, kGreen, kRed, kBlack, kWhite, kRed}},
+    {"24 bits whose place is not said",
+     WithOffset(File(24, 0, "\0\0\0\xFF\xFF\xFF\0\0\xFF\0\0\0"s + "\0\0\xFF\0\xFF\0\xFF\0\0\0\0\0"s), 0), kThree},
+    {"8 bits said to lie in the header", WithOffset(File(8, 0, "\0\4\1\0\1\2\3\0"s), 22), kThree},
     // What the runs leave out is black, in every reading, whatever the palette.
     {"runs that leave out",
      File(8, 1, "\1\4\0\0"s + "\0\2\1\0\1\2\0\1"s, 2, kBlue),
@@ -74,7 +82,8 @@ const Kind kKinds[] = {
 TEST(Bitmaps, OfEveryDepthAreReadToThePixel) {
   for (const Kind& kind : kKinds) {
     ASSERT_EQ(DeclaredSize(kind.file), (Size{3, 2})) << kind.what;
-    const std::optional<Bitmap> bitmap = DecodeBitmap(kind.file);
+    const std::optional<Bitmap> bitmap =
+        DecodeBitmap(std::string_view(kind.file).substr(0, ReadBitmapHeaders(kind.file)->bytes));
     ASSERT_TRUE(bitmap) << kind.what;
     EXPECT_EQ(bitmap->Extent(), (Size{3, 2})) << kind.what;
     EXPECT_TRUE(std::ranges::equal(bitmap->Pixels(), kind.pixels))
