@@ -212,8 +212,8 @@ void QueueWay(Story& story, const Theme& theme, int i, const Journey& journey) {
   story.Frames(1).Then([&story, i] { EXPECT_FALSE(story.state.ItemInPlay(i)) << "item " << i; }).Release();
 }
 
-TEST(Proof, ItsWaysPlayTheDefaultThemeToItsEnd) {
-  const std::string source = SORVEX_SOURCE_FOLDER "/themes/Theme1";
+TEST(Proof, ItsWaysPlayTheCabinetToItsEnd) {
+  const std::string source = SORVEX_SOURCE_FOLDER "/themes/Cabinet";
   Story story{std::vector<TestTheme>{}};
   for (const auto& file : std::filesystem::directory_iterator(source))
     if (file.is_regular_file()) WriteFile(story.ThemeFile(file.path().filename().string()), ReadWholeFile(file.path()));
