@@ -20,8 +20,9 @@ void PictureBox::SetPicture(Picture picture) {
     Width = static_cast<float>(picture_->Pixels().Width() + frame);
     Height = static_cast<float>(picture_->Pixels().Height() + frame);
   }
-  drawn_ = !picture_ || picture_->Pixels().Extent() != ScaleSize();
-  if (drawn_) Materialize();
+  drawnOn_ = false;
+  materialized_ = !picture_ || picture_->Pixels().Extent() != ScaleSize();
+  if (materialized_) Materialize();
 }
 
 void PictureBox::Resize(float width, float height) {
@@ -30,22 +31,23 @@ void PictureBox::Resize(float width, float height) {
   Height = height;
   if (ScaleSize() == before) return;
   ++revision_;
+  if (!drawnOn_) return Materialize();
   Bitmap resized(ScaleSize(), Background);
   CopySurface(resized, Image(), resized.Bounds());
   own_ = std::move(resized);
-  drawn_ = true;
 }
 
 Bitmap& PictureBox::Drawing() {
   ++revision_;
-  if (!drawn_) Materialize();
+  if (!materialized_) Materialize();
+  drawnOn_ = true;
   return own_;
 }
 
 void PictureBox::Materialize() {
   own_ = Bitmap(ScaleSize(), Background);
   if (picture_) CopySurface(own_, picture_->Pixels(), own_.Bounds());
-  drawn_ = true;
+  materialized_ = true;
 }
 
 Size ClientSize(const Form& form, TwipRatio twipsPerPixel) {

@@ -121,11 +121,12 @@ struct PictureBox : Control {
   /// Sets the picture (null: none). An auto-size surface takes its size; the image becomes the picture at (0, 0) on the
   /// background color.
   void SetPicture(Picture picture);
-  /// Sets the outer size in pixels. The image keeps its content; new area shows the background color.
+  /// Sets the outer size in pixels. The image keeps its content; new area shows the background color, or more of the
+  /// picture if nothing has been drawn on it.
   void Resize(float width, float height);
 
   /// The persistent image, as large as the drawing area.
-  const Bitmap& Image() const { return picture_ && !drawn_ ? picture_->Pixels() : own_; }
+  const Bitmap& Image() const { return picture_ && !materialized_ ? picture_->Pixels() : own_; }
   /// The persistent image for writing. Copies the picture's shared pixels first (copy on write).
   Bitmap& Drawing();
   /// A counter that is incremented whenever the image may have changed.
@@ -139,7 +140,8 @@ struct PictureBox : Control {
 
   Picture picture_;
   Bitmap own_;
-  bool drawn_ = true;  // the image is own_, not the picture
+  bool materialized_ = true;  // the image is own_, not the picture
+  bool drawnOn_ = false;
   unsigned revision_ = 0;
 };
 

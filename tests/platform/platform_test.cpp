@@ -49,6 +49,12 @@ TEST(Surface, OfAFixedSizeCutsItsPictureAndShowsBackgroundBesideIt) {
   EXPECT_EQ(surface.Image().Extent(), (Size{6, 2}));
   EXPECT_EQ(surface.Image().At(2, 1), kWhite) << "resizing keeps the image";
   EXPECT_EQ(surface.Image().At(5, 0), 0xFF0000FF);
+  surface.Resize(9, 12);
+  EXPECT_EQ(surface.Image().At(2, 7), kWhite) << "a larger area shows more of the picture";
+  surface.Drawing().Row(0)[0] = kBlack;
+  surface.Resize(9, 13);
+  EXPECT_EQ(surface.Image().At(0, 0), kBlack) << "resizing keeps what was drawn";
+  EXPECT_EQ(surface.Image().At(2, 8), 0xFF0000FF) << "which the picture no longer goes on behind";
   surface.Resize(3, 3);
   EXPECT_EQ(surface.Image().Extent(), (Size{0, 0}));
 }
