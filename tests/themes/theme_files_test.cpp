@@ -130,6 +130,8 @@ TEST(BitmapCheck, FollowsRunsToTheirEnd) {
     std::string file = BmpBytes(Bitmap({3, 2})).substr(0, 54);
     file[28] = compression == 1 ? 8 : 4;
     file[30] = compression;
+    file[46] = 1;  // color in the palette
+    file += "\0\0\0\0"s;
     EXPECT_EQ(DeclaredSize(file + data).has_value(), whole) << testing::PrintToString(data);
   }
 }
