@@ -15,7 +15,7 @@ constexpr std::uint32_t kRle8 = 1;
 constexpr std::uint32_t kRle4 = 2;
 
 struct Header {
-  std::uint64_t pixelOffset = 0;
+  std::uint32_t pixelOffset = 0;
   std::int64_t width = 0;
   std::int64_t height = 0;
   std::uint32_t bitsPerPixel = 0;
@@ -32,18 +32,18 @@ std::uint32_t DoubleWord(std::string_view bytes, std::size_t at) { return Word(b
 
 // Bytes before the pixel data: file header, info header of `size` bytes, masks and palette. Decoders read on from there
 // when the file's own offset points into them (some writers leave it 0).
-std::uint64_t BytesOfHeaders(std::string_view bytes, std::uint32_t size, const Header& header) {
+std::uint32_t BytesOfHeaders(std::string_view bytes, std::uint32_t size, const Header& header) {
   constexpr std::uint32_t coreHeader = 12;
   constexpr std::uint32_t infoHeader = 40;
   constexpr std::uint32_t bitFields = 3;
   constexpr std::uint32_t alphaBitFields = 6;
-  std::uint64_t end = 14 + std::uint64_t{size};
+  std::uint32_t end = 14 + size;
   if (size == infoHeader && header.compression == bitFields) end += 12;
   if (size == infoHeader && header.compression == alphaBitFields) end += 16;
   if (header.bitsPerPixel <= 8) {
     const std::uint32_t used = size >= infoHeader ? DoubleWord(bytes, 46) : 0;
     const std::uint32_t colors = used != 0 ? std::min(used, 256U) : 1U << header.bitsPerPixel;
-    end += std::uint64_t{colors} * (size == coreHeader ? 3 : 4);
+    end += colors * (size == coreHeader ? 3 : 4);
   }
   return end;
 }
