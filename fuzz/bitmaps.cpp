@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The check of a bitmap's headers, and the system's reader behind it.
+#include <string>
+
 #include "fuzzing.h"
 #include "platform/decode_bitmap.h"
 #include "themes/bitmap_check.h"
@@ -12,7 +14,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   if (!declared || !extent) return 0;
   Require(extent == declared->size);
   if (extent->width > 4000 || extent->height > 1000) return 0;  // as good as any, and slow
-  const std::optional<Bitmap> bitmap = DecodeBitmap(file.substr(0, declared->bytes));
+  std::string bytes(file.substr(0, static_cast<std::size_t>(declared->bytes)));
+  CorrectPixelOffset(bytes);
+  const std::optional<Bitmap> bitmap = DecodeBitmap(bytes);
   if (!bitmap) return 0;
   Require(bitmap->Extent() == *extent);
   for (const Pixel pixel : bitmap->Pixels()) Require((pixel | 0xFFFFFF) == 0xFFFFFFFF);

@@ -30,8 +30,7 @@ std::uint32_t Byte(std::string_view bytes, std::size_t at) { return static_cast<
 std::uint32_t Word(std::string_view bytes, std::size_t at) { return Byte(bytes, at) | Byte(bytes, at + 1) << 8; }
 std::uint32_t DoubleWord(std::string_view bytes, std::size_t at) { return Word(bytes, at) | Word(bytes, at + 2) << 16; }
 
-// Bytes before the pixel data: file header, info header of `size` bytes, masks and palette. Decoders read on from there
-// when the file's own offset points into them (some writers leave it 0).
+// Bytes before the pixel data: file header, info header of `size` bytes, masks and palette.
 std::uint32_t BytesOfHeaders(std::string_view bytes, std::uint32_t size, const Header& header) {
   constexpr std::uint32_t coreHeader = 12;
   constexpr std::uint32_t infoHeader = 40;
@@ -121,6 +120,12 @@ std::optional<Size> DeclaredSize(std::string_view bytes) {
       header->HasRuns() ? RunsReachTheEnd(data, *header) : static_cast<std::int64_t>(data.size()) >= needed;
   if (!whole) return std::nullopt;
   return Size{static_cast<int>(header->width), static_cast<int>(header->height)};
+}
+
+void CorrectPixelOffset(std::string& bytes) {
+  const std::optional<Header> header = ReadHeader(bytes);
+  if (!header) return;
+  for (std::size_t i = 0; i < 4; ++i) bytes[10 + i] = static_cast<char>(header->pixelOffset >> (8 * i) & 0xFF);
 }
 
 }  // namespace sorvex

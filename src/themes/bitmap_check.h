@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <string_view>
 
 #include "base/rectangle.h"
@@ -28,5 +29,9 @@ std::optional<DeclaredBitmap> ReadBitmapHeaders(std::string_view start);
 /// The size in pixels that a bitmap file declares; `bytes` holds at least its first DeclaredBitmap::bytes, or all of
 /// it. nullopt if its headers are invalid or the bytes end before its last row.
 std::optional<Size> DeclaredSize(std::string_view bytes);
+
+/// Corrects, in a bitmap file's bytes, an offset of the pixel data that points into the headers or the palette (some
+/// writers leave it 0): decoders differ in what they make of it. Bytes that are no such file stay as they are.
+void CorrectPixelOffset(std::string& bytes);
 
 }  // namespace sorvex

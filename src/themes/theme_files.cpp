@@ -93,7 +93,9 @@ class BitmapReader {
     // Data after the pixels is not read.
     if (!file.ReadUpTo(declared->bytes) || DeclaredSize(file.Bytes()) != declared->size)
       return Refuse("broken-bitmap", name, kNotReadable);
-    std::optional<Bitmap> bitmap = DecodeBitmap(file.Bytes());
+    std::string bytes = std::move(file).Bytes();
+    CorrectPixelOffset(bytes);
+    std::optional<Bitmap> bitmap = DecodeBitmap(bytes);
     return bitmap ? std::move(bitmap) : Refuse("broken-bitmap", name, kNotReadable);
   }
 
