@@ -115,19 +115,11 @@ int Preview(const PreviewOptions& options) {
   return kNoFinding;
 }
 
-bool IsSameFolder(const std::string& a, const std::string& b) {
-  std::error_code error;
-  const auto path = [](const std::string& text) {
-    return std::filesystem::path(std::u8string(text.begin(), text.end()));
-  };
-  return std::filesystem::equivalent(path(a.empty() ? "." : a), path(b), error);
-}
-
 int Make(const std::string& sourcePath, const std::string& folder) {
   Findings findings;
   const ThemeSource source = ReadSource(sourcePath, findings);
-  if (IsSameFolder(source.folder, folder)) {
-    std::cerr << folder << " holds the source; name another folder for the theme\n";
+  if (const std::string why = WhyNotInto(folder, source); !why.empty()) {
+    std::cerr << why << "\n";
     return kUsage;
   }
   const MadeTheme theme = MakeTheme(source, findings);
@@ -174,12 +166,14 @@ CLI::App* AddCheck(CLI::App& app, Options& options) {
 void AddPreview(CLI::App& app, PreviewOptions& options) {
   CLI::App* draw = app.add_subcommand("preview", "Draws themes as the game starts them");
   draw->add_option("THEME", options.folders, "A theme's folder")->required()->check(WhyNoFolder);
-  CLI::Option* picture = draw->add_option("-o,--output", options.picture, "Write one theme's field to this PNG file");
+  CLI::Option* picture =
+      draw->add_option("-o,--output", options.picture, "Write one theme's field to this PNG file")->check(WhyNoName);
   draw->add_flag("--paths", options.paths, "Draw the ways to the target and their tightest places")->needs(picture);
   CLI::Option* gallery =
-      draw->add_option("--web", options.gallery, "Write a page with all the themes into this folder");
+      draw->add_option("--web", options.gallery, "Write a page with all the themes into this folder")->check(WhyNoName);
   draw->callback([=, &options] {
-    if (picture->empty() == gallery->empty()) throw CLI::RequiredError("Either -o or --web");
+    if (picture->empty() && gallery->empty()) throw CLI::RequiredError("Either -o or --web");
+    if (!picture->empty() && !gallery->empty()) throw CLI::ExcludesError("-o", "--web");
     if (!picture->empty() && options.folders.size() != 1) throw CLI::RequiredError("With -o exactly one THEME");
   });
 }

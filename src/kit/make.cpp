@@ -3,6 +3,9 @@
 #include "kit/make.h"
 
 #include <algorithm>
+#include <filesystem>
+#include <span>
+#include <system_error>
 #include <utility>
 
 #include "base/files.h"
@@ -18,6 +21,10 @@
 
 namespace sorvex {
 namespace {
+
+namespace fs = std::filesystem;
+
+fs::path PathOf(const std::string& utf8) { return {std::u8string(utf8.begin(), utf8.end())}; }
 
 constexpr std::uintmax_t kLargestPictureFile = 64 << 20;
 
@@ -118,7 +125,14 @@ class Maker {
   std::optional<Size> AddPair(const std::string& picture, const std::string& mask, const NamedFile& file) {
     Shared* shared = Picture(file, 2);
     if (shared == nullptr) return std::nullopt;
-    if (!shared->separated) shared->separated = Separated(*shared->rgba, source_.threshold);
+    if (!shared->separated) {
+      shared->separated = Separated(*shared->rgba, source_.threshold);
+      const std::span<const Pixel> mask = shared->separated->mask.Pixels();
+      if (std::ranges::find(mask, kBlack) == mask.end())
+        Complain("source-picture", file.line,
+                 file.path + ": nothing of it can be seen: no pixel's alpha reaches the threshold, " +
+                     std::to_string(source_.threshold));
+    }
     theme_.files[picture] = EncodePicture(shared->separated->picture);
     theme_.files[mask] = EncodeMask(shared->separated->mask);
     return shared->rgba->Extent();
@@ -178,6 +192,15 @@ std::vector<std::string> AllNames() {
   return names;
 }
 
+std::vector<const NamedFile*> FilesOf(const ThemeSource& source) {
+  std::vector<const NamedFile*> files{&source.background, &source.target};
+  for (const SourceItem& item : source.items) files.insert(files.end(), {&item.picture, &item.container});
+  for (const std::optional<NamedFile>& sound : source.sounds)
+    if (sound) files.push_back(&*sound);
+  std::erase_if(files, [](const NamedFile* file) { return file->path.empty(); });
+  return files;
+}
+
 // Straight double quotes as typographic ones, line ends as CR LF.
 std::string FieldText(const std::string& text) {
   std::string field;
@@ -197,8 +220,32 @@ std::string FieldText(const std::string& text) {
 
 MadeTheme MakeTheme(const ThemeSource& source, Findings& findings) { return Maker(source, findings).Make(); }
 
+std::string WhyNotInto(const std::string& folder, const ThemeSource& source) {
+  std::error_code error;
+  const fs::path into = PathOf(folder);
+  if (!fs::exists(into, error)) return "";
+  if (!fs::is_directory(into, error)) return folder + " is not a folder";
+  if (PathExists(FindFile(folder, kSourceFile))) return folder + " holds a source; name another folder for the theme";
+  for (const NamedFile* file : FilesOf(source))
+    if (fs::equivalent(PathOf(JoinPath(source.folder, file->path)).parent_path(), into, error))
+      return folder + " holds " + file->path + ", of which the theme is to be made; name another folder";
+  bool files = false;
+  for (const fs::directory_entry& entry : fs::directory_iterator(into, error))
+    files = files || !entry.is_directory(error);
+  if (files && !PathExists(FindFile(folder, kItemsFile)))
+    return folder + " holds files and is no theme; name a new or an empty folder, or one that holds a theme";
+  std::vector<std::string> names = AllNames();
+  names.insert(names.end(), {kItemsFile, kTargetFile, "bg.bmp", "pS.bmp", "pM.bmp"});
+  for (const std::string& name : names) {
+    const fs::file_status status = fs::symlink_status(PathOf(JoinPath(folder, name)), error);
+    if (fs::exists(status) && !fs::is_regular_file(status))
+      return JoinPath(folder, name) + " is in the way: it is not a plain file";
+  }
+  return "";
+}
+
 void WriteTheme(const std::string& folder, const MadeTheme& theme) {
-  for (const auto& [name, bytes] : theme.files) SaveFile(JoinPath(folder, name), bytes);
+  SaveFiles(folder, theme.files);
   for (const std::string& name : AllNames())
     if (!theme.files.contains(name)) RemoveFile(FindFile(folder, name));
   const std::string highScores = FindFile(folder, kHighScoresFile);

@@ -23,6 +23,10 @@ struct MadeTheme {
 /// The same source gives the same bytes.
 MadeTheme MakeTheme(const ThemeSource& source, Findings& findings);
 
+/// Why the theme may not be written into `folder`: it would take the place of something that is no theme, or of a file
+/// that the source names. Empty: it may.
+std::string WhyNotInto(const std::string& folder, const ThemeSource& source);
+
 /// Writes the theme into `folder`, which is made if need be. Files of a theme that this one does not have are removed.
 /// A table of best times that is there stays; else one with default rows is written. Throws PathAccessError (75).
 void WriteTheme(const std::string& folder, const MadeTheme& theme);

@@ -73,7 +73,7 @@ class Table {
         Complain("source-value", LineOf(*node), Named(key) + " has a control character");
       return *text;
     }
-    Complain("source-value", LineOf(*node), Named(key) + " is a text in double quotes");
+    Complain("source-value", LineOf(*node), Named(key) + " must be a text in double quotes");
     return "";
   }
   NamedFile File(const char* key, const toml::node* node) const {
@@ -98,7 +98,7 @@ class Table {
     if (node == nullptr) return std::nullopt;
     const toml::array* pair = node->as_array();
     if (pair == nullptr || pair->size() != 2) {
-      Complain("source-value", LineOf(*node), Named(key) + " is a place: [x, y]");
+      Complain("source-value", LineOf(*node), Named(key) + " must be a place: [x, y]");
       return std::nullopt;
     }
     using Limits = std::numeric_limits<Integer>;
@@ -112,7 +112,7 @@ class Table {
     const std::string name = "[" + std::string(key) + "]";
     if (node == nullptr) return std::nullopt;
     if (const toml::table* table = node->as_table()) return Table(*table, name, complaints_);
-    Complain("source-value", LineOf(*node), Named(key) + " is a table: " + name);
+    Complain("source-value", LineOf(*node), Named(key) + " must be a table: " + name);
     return std::nullopt;
   }
   std::vector<Table> List(const char* key, const toml::node* node) const {
@@ -120,13 +120,13 @@ class Table {
     std::vector<Table> tables;
     if (node == nullptr) return tables;
     const toml::array* array = node->as_array();
-    if (array == nullptr) Complain("source-value", LineOf(*node), Named(key) + " is a list of tables: " + name);
+    if (array == nullptr) Complain("source-value", LineOf(*node), Named(key) + " must be a list of tables: " + name);
     for (std::size_t i = 0; array != nullptr && i < array->size(); ++i) {
       const toml::node& element = *array->get(i);
       if (const toml::table* table = element.as_table())
         tables.emplace_back(*table, name, complaints_);
       else
-        Complain("source-value", LineOf(element), Named(key) + " is a list of tables: " + name);
+        Complain("source-value", LineOf(element), Named(key) + " must be a list of tables: " + name);
     }
     return tables;
   }
@@ -185,7 +185,8 @@ SourceItem ReadItem(Table& table, const Defaults& defaults) {
   const toml::node* at = table.Find("at");
   if (at != nullptr && at->is_string()) {
     if (at->value_exact<std::string>() != inContainer)
-      table.Complain("source-value", LineOf(*at), "'at' is a place, [x, y], or \"" + std::string(inContainer) + "\"");
+      table.Complain("source-value", LineOf(*at),
+                     "'at' must be a place, [x, y], or \"" + std::string(inContainer) + "\"");
   } else {
     item.at = table.Place("at", at);
   }

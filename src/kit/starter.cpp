@@ -22,7 +22,7 @@ constexpr char kToml[] = R"(# The source of a theme. Make the theme with: sorvex
 description = "A star and a moon to carry to the tray"
 date = "Today"
 
-# The picture behind everything. The field takes its size: 297 to 1366 pixels wide, 230 to 252 high.
+# The picture behind everything. The field takes its size: 296 to 1366 pixels wide, 230 to 252 high.
 background = "background.png"
 
 # From this alpha on a pixel is opaque, 1 to 255. All others are transparent: a theme knows no half-transparent pixels.
@@ -85,9 +85,10 @@ double Star(Point p, Point center, double tip, double notch) {
 }
 
 // A box that is open above.
+// Its inside has square corners, so that the wall is nowhere thicker than `wall`.
 double Cup(Point p, const RoundedBox& outside, double wall) {
   const RoundedBox inside{outside.left + wall, outside.top - 2 * outside.radius, outside.right - wall,
-                          outside.bottom - wall, outside.radius};
+                          outside.bottom - wall, 0};
   return std::max(outside(p), -inside(p));
 }
 
@@ -116,7 +117,7 @@ constexpr Size kCup{46, 66};
 constexpr Point kCups[]{{30, 140}, {112, 140}};
 
 double CupAt(Point p, Point corner) {
-  return Cup(p, {corner.x, corner.y, corner.x + kCup.width, corner.y + kCup.height, 9}, 4);
+  return Cup(p, {corner.x, corner.y, corner.x + kCup.width, corner.y + kCup.height, 6}, 4);
 }
 
 // The night over a table. Where the cups stand it shows them pale, since the game shows only the one under the pointer.

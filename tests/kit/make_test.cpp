@@ -56,7 +56,10 @@ void WriteSource(const fs::path& folder, const std::string& toml) {
   WriteFile(folder / "bg.png", EncodePng(Bitmap({140, 60}, 0x80102030)));
   WriteFile(folder / "target.png", EncodePng(Bitmap({30, 20}, kRed)));
   WriteFile(folder / "item.png", EncodePng(Bitmap({6, 8}, kRed)));
-  WriteFile(folder / "cup.png", EncodePng(Bitmap({20, 30}, 0x00FFFFFF)));
+  Bitmap cup({20, 30}, 0x00FFFFFF);
+  WriteFile(folder / "clear.png", EncodePng(cup));
+  cup.Row(29)[0] = kRed;
+  WriteFile(folder / "cup.png", EncodePng(cup));
   WriteFile(folder / "hit.wav", WaveFile().With("1234"));
   WriteFile(folder / "bomb.png", Declaring(100'000));
   WriteFile(folder / "4000.png", Declaring(4'000));
@@ -88,15 +91,16 @@ const Example kExamples[] = {
     {"container_at = [2", "at = [2", {":9: error: [[item]]: the key 'container_at' is missing"}},
     {"container = 'cup.png'", "", {":9: error: [[item]]: the key 'container' is missing", ":12: error: [[item]]: the key"}},
     {"hit =", "hits =", {":6: error: [sounds]: unknown key 'hits'; known are pickup, let_go, hit, put_in [source-key]"}},
-    {"'bg.png'", "5", {":1: error: 'background' is a text in double quotes [source-value]"}},
+    {"'bg.png'", "5", {":1: error: 'background' must be a text in double quotes [source-value]"}},
     {"[90, 5]", "[90, 5.5]", {":4: error: 'at': a whole number from -32768 to 32767 is expected"}},
     {"[90, 5]", "[40000, 5]", {":4: error: 'at': a whole number"}},
-    {"[90, 5]", "90", {":4: error: 'at' is a place: [x, y]"}},
-    {"[60, 20]", "'outside'", {":15: error: 'at' is a place, [x, y], or \"in its container\""}},
+    {"'item.png'", "'clear.png'", {":10: error: clear.png: nothing of it can be seen"}},
+    {"[90, 5]", "90", {":4: error: 'at' must be a place: [x, y]"}},
+    {"[60, 20]", "'outside'", {":15: error: 'at' must be a place, [x, y], or \"in its container\""}},
     {"[2, 3]", "[2, 32760]", {":11: error: the item's rest place"}},
     {"[target]", "threshold = 256\n[target]", {":2: error: 'threshold': a whole number from 1 to 255"}},
     {"[[item]]\npicture = 'item.png'\ncontainer_at = [2, 3]\n[[item]]", "[item]",
-     {":9: error: 'item' is a list of tables: [[item]]"}},
+     {":9: error: 'item' must be a list of tables: [[item]]"}},
     {"hit.wav", "/hit.wav", {":6: error: '/hit.wav' is not relative"}},
     {"hit.wav", "C:/hit.wav", {":6: error: 'C:/hit.wav' is not relative"}},
     {"hit.wav", "a\\b.wav", {":6: error: 'a\\b.wav' has a backslash"}},
@@ -129,6 +133,25 @@ TEST(AFaultySource, IsToldItsFaults) {
     for (std::size_t i = 0; i < lines.size(); ++i)
       EXPECT_TRUE(lines[i].starts_with("theme.toml" + example.findings[i])) << lines[i];
   }
+}
+
+TEST(Making, TakesNothingElsesPlace) {
+  const TempFolder folder;
+  const auto path = [&](const char* name) { return (folder.Path() / name).string(); };
+  WriteSource(folder.Path() / "source", kToml);
+  WriteFile(path("photos/bg.bmp"), "a photo");
+  WriteFile(path("file"), "");
+  fs::create_directories(path("odd/bg.bmp"));
+  WriteFile(path("odd/Theme.ini"), "");
+  fs::create_directories(path("new/art"));
+  WriteSource(folder.Path() / "new/art", With(kToml, "bg.png", "../bg.png"));
+  Findings findings;
+  const ThemeSource source = ReadSource(path("source"), findings);
+  for (const char* taken : {"source", "photos", "file", "odd"})
+    EXPECT_TRUE(WhyNotInto(path(taken), source).starts_with(path(taken))) << taken;
+  EXPECT_EQ(WhyNotInto(path("new"), source), "");
+  EXPECT_NE(WhyNotInto(path("new"), ReadSource(path("new/art"), findings)), "") << "it holds a picture of the source";
+  EXPECT_TRUE(findings.empty());
 }
 
 TEST(Making, SeparatesOpaqueFromTransparent) {
@@ -186,7 +209,9 @@ TEST(Making, GivesWhatTheGameReads) {
   EXPECT_EQ(theme.background->Pixels(), Bitmap({140, 60}, 0xFF878F97)) << "laid over white";
   EXPECT_EQ(theme.targetMask->Pixels(), Bitmap({30, 20}));
   EXPECT_EQ(theme.pictures[1].item->Pixels(), Bitmap({6, 8}, kRed));
-  EXPECT_EQ(theme.pictures[1].containerMask->Pixels(), Bitmap({20, 30}, kWhite));
+  Bitmap cup({20, 30}, kWhite);
+  cup.Row(29)[0] = kBlack;
+  EXPECT_EQ(theme.pictures[1].containerMask->Pixels(), cup);
 }
 
 TEST(Making, QuotesTheDetails) {
