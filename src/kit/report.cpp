@@ -68,7 +68,10 @@ std::string AsLines(const CheckedTheme& theme, bool colored) {
       place = Colored(place, "1");
       severity = Colored(severity, finding.severity == Severity::Error ? "1;31" : "1;35");
     }
-    lines += place + ": " + severity + ": " + finding.message + " [" + std::string(finding.code) + "]\n";
+    for (const std::string_view part :
+         {std::string_view(place), std::string_view(": "), std::string_view(severity), std::string_view(": "),
+          std::string_view(finding.message), std::string_view(" ["), finding.code, std::string_view("]\n")})
+      lines += part;
   }
   return lines;
 }

@@ -6,7 +6,7 @@
 
 #include "kit/command.h"
 
-int wmain(int argc, wchar_t** argv) {
+int wmain(int argc, wchar_t** argv) {  // NOLINT(readability-identifier-naming): the system calls it so
   std::vector<std::string> arguments;
   for (int i = 1; i < argc; ++i) {
     const std::u8string utf8 = std::filesystem::path(argv[i]).u8string();
