@@ -1,24 +1,7 @@
 #!/bin/sh
-# Makes this theme's four sounds, built from layers with sox, beside this file.
-# Every random source is seeded the same way (-R), so the files repeat exactly.
-set -eu
-LC_ALL=C; export LC_ALL
-out=$(cd "$(dirname "$0")" && pwd)
-tmp=$(mktemp -d)
-trap 'rm -rf "$tmp"' EXIT INT TERM
-
-# layer NAME EFFECT...: one layer on its own
-layer() {
-    l=$1; shift
-    sox -R -D -n -r 44100 -c 1 -b 32 -e floating-point "$tmp/$l.wav" "$@"
-}
-# finish FILE SECONDS LAYER...: mix, clean, trim, fade both ends, peak at -3 dB
-finish() {
-    f=$1; secs=$2; shift 2
-    for l in "$@"; do set -- "$@" "$tmp/$l.wav"; shift; done
-    sox -R -D -m "$@" -b 16 -e signed-integer "$out/$f" \
-        gain -9 highpass 70 trim 0 "$secs" fade h 0.002 "$secs" 0.02 gain -n -3
-}
+# SPDX-License-Identifier: MIT
+# Makes this theme's four sounds beside this file.
+. "$(dirname "$0")/../../sound_layers.sh"
 # note NAME DELAY PITCH LENGTH GAIN: a bell note: root, octave, bell partial, hum
 note() {
     p2=$(awk "BEGIN{print $3*2.003}"); p3=$(awk "BEGIN{print $3*2.76}"); p5=$(awk "BEGIN{print $3*0.5}")
