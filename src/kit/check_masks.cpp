@@ -13,7 +13,7 @@ namespace {
 // How often something was seen, and where first.
 struct Count {
   int pixels = 0;
-  Spot first;
+  Place first;
   void Add(int x, int y) {
     if (pixels++ == 0) first = {x, y};
   }
@@ -21,10 +21,7 @@ struct Count {
 
 // "3 pixels, the first at (4, 5),"
 std::string Said(const Count& count) {
-  return count.pixels == 1
-             ? "1 pixel, at (" + std::to_string(count.first.x) + ", " + std::to_string(count.first.y) + "),"
-             : std::to_string(count.pixels) + " pixels, the first at (" + std::to_string(count.first.x) + ", " +
-                   std::to_string(count.first.y) + "),";
+  return CountedPixels(count.pixels) + (count.pixels == 1 ? ", at " : ", the first at ") + Said(count.first) + ",";
 }
 
 std::string ColorName(Pixel pixel) {
@@ -86,7 +83,7 @@ Count OpaqueSurroundings(const Pair& pair) {
     return static_cast<std::size_t>(y) * static_cast<std::size_t>(box.Width()) + static_cast<std::size_t>(x);
   };
   std::vector<bool> reached(index(0, box.Height()));
-  std::vector<Spot> next;
+  std::vector<Place> next;
   const auto reach = [&](int x, int y) {
     if (!box.Contains(x, y) || reached[index(x, y)] || pair.picture.At(x, y) != kWhite) return;
     reached[index(x, y)] = true;
@@ -96,9 +93,9 @@ Count OpaqueSurroundings(const Pair& pair) {
     for (int x = 0; x < box.Width(); ++x)
       if (x == 0 || y == 0 || x == box.right - 1 || y == box.bottom - 1 || pair.mask.At(x, y) == kWhite) reach(x, y);
   while (!next.empty()) {
-    const Spot at = next.back();
+    const Place at = next.back();
     next.pop_back();
-    for (const auto& [dx, dy] : {Spot{1, 0}, {-1, 0}, {0, 1}, {0, -1}}) reach(at.x + dx, at.y + dy);
+    for (const auto& [dx, dy] : {Place{1, 0}, {-1, 0}, {0, 1}, {0, -1}}) reach(at.x + dx, at.y + dy);
   }
   Count opaque;
   for (int y = 0; y < box.Height(); ++y)

@@ -13,9 +13,7 @@
 namespace sorvex {
 namespace {
 
-std::string Said(int x, int y) { return "(" + std::to_string(x) + ", " + std::to_string(y) + ")"; }
 std::string Said(Size size) { return std::to_string(size.width) + " x " + std::to_string(size.height); }
-std::string Pixels(int count) { return std::to_string(count) + (count == 1 ? " pixel" : " pixels"); }
 
 // How many pixels must come off all edges of the item's mask until it does not touch the container (dx, dy) further in.
 int TooThick(const Mask& item, const Mask& container, int dx, int dy) {
@@ -44,13 +42,13 @@ class Placing {
   std::string Name() const { return "item " + std::to_string(number_); }
   int StartLine() const { return static_cast<int>(number_) * kLinesPerItem + 1; }
   int ContainerLine() const { return StartLine() + 2; }
-  Spot Start() const { return {theme_.items.ItemX(number_), theme_.items.ItemY(number_)}; }
-  Spot ContainerPlace() const { return {theme_.items.ContX(number_), theme_.items.ContY(number_)}; }
+  Place Start() const { return {theme_.items.ItemX(number_), theme_.items.ItemY(number_)}; }
+  Place ContainerPlace() const { return {theme_.items.ContX(number_), theme_.items.ContY(number_)}; }
   RestPlace Rest() const {
     return {theme_.items.ContX(number_), theme_.items.ContY(number_), pictures_.container->Pixels().Height(),
             pictures_.item->Pixels().Height()};
   }
-  Rectangle Box(Spot place) const { return Rectangle::At(place.x, place.y, pictures_.item->Pixels().Extent()); }
+  Rectangle Box(Place place) const { return Rectangle::At(place.x, place.y, pictures_.item->Pixels().Extent()); }
   Rectangle ContainerBox() const {
     return Rectangle::At(ContainerPlace().x, ContainerPlace().y, pictures_.container->Pixels().Extent());
   }
@@ -120,7 +118,7 @@ class PlaceChecks {
     }
   }
 
-  int Touch(const Placing& item, Spot place) const {
+  int Touch(const Placing& item, Place place) const {
     const int dx = place.x - item.ContainerPlace().x;
     const int dy = place.y - item.ContainerPlace().y;
     const Mask& mask = item.ItemMask();
@@ -129,20 +127,20 @@ class PlaceChecks {
                : 0;
   }
 
-  bool IsOverTarget(const Placing& item, Spot place) const {
+  bool IsOverTarget(const Placing& item, Place place) const {
     return hasTarget_ && PlacesOverTarget(item.ItemMask().Pixels().Extent(), theme_.target.x, theme_.target.y,
                                           theme_.targetMask->Pixels().Extent())
                              .Contains(place.x, place.y);
   }
 
-  bool IsInField(Spot place) const { return !field_ || Rectangle::At(0, 0, *field_).Contains(place.x, place.y); }
+  bool IsInField(Place place) const { return !field_ || Rectangle::At(0, 0, *field_).Contains(place.x, place.y); }
 
   void CheckRest(const Placing& item) {
     const RestPlace rest = item.Rest();
-    const std::string where = item.Name() + " comes to rest at " + Said(rest.x, rest.y);
+    const std::string where = item.Name() + " comes to rest at " + Said(Place{rest.x, rest.y});
     if (const int pixels = Touch(item, {rest.x, rest.y}); pixels > 0)
       Add(Severity::Error, "item-touches-container", item.ContainerLine(),
-          where + " and touches its container there: wall or border is " + Pixels(pixels) +
+          where + " and touches its container there: wall or border is " + CountedPixels(pixels) +
               " too thick, and the game then answers no pointer");
     if (IsOverTarget(item, {rest.x, rest.y}))
       Add(Severity::Error, "item-over-target", item.ContainerLine(),
@@ -153,16 +151,16 @@ class PlaceChecks {
   }
 
   void CheckStart(const Placing& item) {
-    const Spot start = item.Start();
+    const Place start = item.Start();
     const RestPlace rest = item.Rest();
     if (start.x == rest.x && start.y == rest.y) return;
-    const std::string where = item.Name() + " starts at " + Said(start.x, start.y);
+    const std::string where = item.Name() + " starts at " + Said(start);
     const bool isRestGood = Touch(item, {rest.x, rest.y}) == 0 && IsInField({rest.x, rest.y});
     const std::string cure =
-        isRestGood ? "; start it at " + Said(rest.x, rest.y) + ", where it comes to rest" : std::string();
+        isRestGood ? "; start it at " + Said(Place{rest.x, rest.y}) + ", where it comes to rest" : std::string();
     if (const int pixels = Touch(item, start); pixels > 0)
       Add(Severity::Error, "item-touches-container", item.StartLine(),
-          where + " and touches its container there: wall or border is " + Pixels(pixels) +
+          where + " and touches its container there: wall or border is " + CountedPixels(pixels) +
               " too thick, and the game sends it to its rest place at once" + cure);
     if (IsOverTarget(item, start))
       Add(Severity::Error, "item-over-target", item.StartLine(),
@@ -170,7 +168,7 @@ class PlaceChecks {
   }
 
   // What is opaque of a picture at `place` must lie inside the field.
-  void CheckEdge(const char* file, int line, const std::string& what, const BitPlane& opaque, Spot place) {
+  void CheckEdge(const char* file, int line, const std::string& what, const BitPlane& opaque, Place place) {
     const Rectangle box = BoundsOf(opaque).Moved(place.x, place.y);
     if (box.Empty()) return;
     const Rectangle field = Rectangle::At(0, 0, *field_);
@@ -183,18 +181,19 @@ class PlaceChecks {
                  {box.bottom - field.bottom, "lower"}};
     std::string beyond;
     for (const auto& [pixels, edge] : sides)
-      if (pixels > 0) beyond += (beyond.empty() ? "" : " and ") + Pixels(pixels) + " beyond the " + edge + " edge";
+      if (pixels > 0)
+        beyond += (beyond.empty() ? "" : " and ") + CountedPixels(pixels) + " beyond the " + edge + " edge";
     if (beyond.empty()) return;
     const bool wholly = Intersection(box, field).Empty();
     findings_.push_back({Severity::Warning, "outside-field", file, linesCount_ ? line : 0, std::nullopt,
-                         what + " at " + Said(place.x, place.y) + (wholly ? " lies outside" : " reaches outside") +
+                         what + " at " + Said(place) + (wholly ? " lies outside" : " reaches outside") +
                              " the field of " + Said(*field_) + " pixels, " + beyond});
   }
 
   void CheckEdges(const Placing& item) {
     if (!field_) return;
     const RestPlace rest = item.Rest();
-    const Spot start = item.Start();
+    const Place start = item.Start();
     const BitPlane& opaque = item.ItemMask().ItemOpaque();
     CheckEdge(kItemsFile, item.StartLine(), item.Name(), opaque, start);
     if ((start.x != rest.x || start.y != rest.y) && IsInField({rest.x, rest.y}))
@@ -215,7 +214,7 @@ class PlaceChecks {
   }
 
   template <class AreaOf>
-  bool CheckCover(const Placing& item, Spot place, const char* when, const AreaOf& areaOf) {
+  bool CheckCover(const Placing& item, Place place, const char* when, const AreaOf& areaOf) {
     const Rectangle own = areaOf(item);
     std::vector<Rectangle> above;
     std::string names;
@@ -238,9 +237,8 @@ class PlaceChecks {
     }
     if (2 * covered <= black) return false;
     Add(Severity::Warning, "item-covered", item.StartLine(),
-        "where " + item.Name() + " " + when + ", at " + Said(place.x, place.y) + ", a press on " +
-            std::to_string(covered) + " of its " + Pixels(black) + " picks up " + names +
-            " instead: the lower number comes first");
+        "where " + item.Name() + " " + when + ", at " + Said(place) + ", a press on " + std::to_string(covered) +
+            " of its " + CountedPixels(black) + " picks up " + names + " instead: the lower number comes first");
     return true;
   }
 

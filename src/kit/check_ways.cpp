@@ -8,9 +8,6 @@
 namespace sorvex {
 namespace {
 
-std::string Said(Place place) { return "(" + std::to_string(place.x) + ", " + std::to_string(place.y) + ")"; }
-std::string Pixels(int count) { return std::to_string(count) + (count == 1 ? " pixel" : " pixels"); }
-
 bool Has(const Findings& findings, std::string_view code, const std::string& file) {
   return std::ranges::any_of(findings, [&](const Finding& found) { return found.code == code && found.file == file; });
 }
@@ -32,7 +29,7 @@ std::optional<Finding> FindingOf(const Journey& journey, Long item, const std::s
     case Verdict::Way:
       if (journey.outside == 0) return std::nullopt;
       return finding(Severity::Warning, "way-leaves-field",
-                     " and reaches the target only with the pointer " + Pixels(journey.outside) +
+                     " and reaches the target only with the pointer " + CountedPixels(journey.outside) +
                          " outside the field, held at " + Said(journey.grab) + " of its mask");
     case Verdict::NotHeld:
       return finding(Severity::Error, "cannot-be-held",
@@ -44,7 +41,7 @@ std::optional<Finding> FindingOf(const Journey& journey, Long item, const std::s
       return finding(Severity::Error, "no-way",
                      " and has no way without jumping to the target: the walls close at " + Said(journey.closesAt) +
                          (journey.tooThick == 0 ? std::string()
-                                                : ", and " + Pixels(journey.tooThick) +
+                                                : ", and " + CountedPixels(journey.tooThick) +
                                                       " off all its edges, or off the walls, would let it through"));
     case Verdict::OutOfRange:
     case Verdict::Touches: break;

@@ -130,7 +130,7 @@ int Make(const std::string& sourcePath, const std::string& folder) {
   WriteTheme(folder, theme);
   for (std::size_t n = 0; n < theme.places.size(); ++n)
     if (const auto& place = theme.places[n])
-      std::cout << "item " << n << ": at (" << place->x << ", " << place->y << "), in its container\n";
+      std::cout << "item " << n << ": at " << Said(*place) << ", in its container\n";
   return Check({folder}, false);
 }
 

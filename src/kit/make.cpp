@@ -144,13 +144,13 @@ class Maker {
     const std::string file = std::to_string(number) + ".bmp";
     const std::optional<Size> size = AddPair("ss" + file, "sm" + file, item.picture);
     const std::optional<Size> container = AddPair("cs" + file, "cm" + file, item.container);
-    Spot at = item.at.value_or(Spot{});
+    Place at = item.at.value_or(Place{});
     if (!item.at && size && container) at = RestSpot(item, container->height, size->height);
     theme_.places.push_back(item.at ? std::nullopt : std::optional(at));
     return Lines({at.x, at.y, item.containerAt.x, item.containerAt.y});
   }
 
-  Spot RestSpot(const SourceItem& item, int containerHeight, int itemHeight) {
+  Place RestSpot(const SourceItem& item, int containerHeight, int itemHeight) {
     try {
       const RestPlace rest(ToInteger(item.containerAt.x), ToInteger(item.containerAt.y), containerHeight, itemHeight);
       return {rest.x, rest.y};

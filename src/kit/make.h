@@ -16,7 +16,7 @@ namespace sorvex {
 /// A theme that has been made and not yet written.
 struct MadeTheme {
   std::map<std::string, std::string> files;  ///< names and bytes of all but the table of best times
-  std::vector<std::optional<Spot>> places;   ///< each item's, where it was worked out
+  std::vector<std::optional<Place>> places;  ///< each item's, where it was worked out
 };
 
 /// Reads the files that the source names. What is wrong with them goes to `findings`; then the result is incomplete.

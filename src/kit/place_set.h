@@ -9,14 +9,9 @@
 
 #include "base/bit_plane.h"
 #include "base/rectangle.h"
+#include "kit/place.h"
 
 namespace sorvex {
-
-struct Place {
-  int x = 0;
-  int y = 0;
-  constexpr bool operator==(const Place&) const = default;
-};
 
 constexpr Rectangle Grown(const Rectangle& box, int by) {
   return {box.left - by, box.top - by, box.right + by, box.bottom + by};

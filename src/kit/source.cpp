@@ -94,7 +94,7 @@ class Table {
         Named(key) + ": a whole number from " + std::to_string(least) + " to " + std::to_string(most) + " is expected");
     return std::nullopt;
   }
-  std::optional<Spot> Place(const char* key, const toml::node* node) const {
+  std::optional<Place> PlaceOf(const char* key, const toml::node* node) const {
     if (node == nullptr) return std::nullopt;
     const toml::array* pair = node->as_array();
     if (pair == nullptr || pair->size() != 2) {
@@ -104,7 +104,7 @@ class Table {
     using Limits = std::numeric_limits<Integer>;
     const auto x = Number(key, *pair->get(0), Limits::min(), Limits::max());
     const auto y = Number(key, *pair->get(1), Limits::min(), Limits::max());
-    return x && y ? std::optional(Spot{static_cast<int>(*x), static_cast<int>(*y)}) : std::nullopt;
+    return x && y ? std::optional(Place{static_cast<int>(*x), static_cast<int>(*y)}) : std::nullopt;
   }
 
   // A table inside this one.
@@ -180,7 +180,7 @@ SourceItem ReadItem(Table& table, const Defaults& defaults) {
   SourceItem item{
       FileOr(table, "picture", defaults.picture), FileOr(table, "container", defaults.container), {}, {}, table.Line()};
   const toml::node* containerAt = table.Need("container_at");
-  item.containerAt = table.Place("container_at", containerAt).value_or(Spot{});
+  item.containerAt = table.PlaceOf("container_at", containerAt).value_or(Place{});
   if (containerAt != nullptr) item.line = LineOf(*containerAt);
   const toml::node* at = table.Find("at");
   if (at != nullptr && at->is_string()) {
@@ -188,7 +188,7 @@ SourceItem ReadItem(Table& table, const Defaults& defaults) {
       table.Complain("source-value", LineOf(*at),
                      "'at' must be a place, [x, y], or \"" + std::string(inContainer) + "\"");
   } else {
-    item.at = table.Place("at", at);
+    item.at = table.PlaceOf("at", at);
   }
   table.ComplainOfOthers();
   return item;
@@ -197,7 +197,7 @@ SourceItem ReadItem(Table& table, const Defaults& defaults) {
 void ReadTarget(std::optional<Table> table, ThemeSource& source) {
   if (!table) return;
   source.target = table->File("picture", table->Need("picture"));
-  source.targetAt = table->Place("at", table->Need("at")).value_or(Spot{});
+  source.targetAt = table->PlaceOf("at", table->Need("at")).value_or(Place{});
   table->ComplainOfOthers();
 }
 

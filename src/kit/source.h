@@ -23,8 +23,8 @@ struct NamedFile {
 struct SourceItem {
   NamedFile picture;
   NamedFile container;
-  Spot containerAt;
-  std::optional<Spot> at;  ///< none: at its rest place
+  Place containerAt;
+  std::optional<Place> at;  ///< none: at its rest place
   int line = 0;
 };
 
@@ -44,7 +44,7 @@ struct ThemeSource {
   NamedFile background;
   int threshold = 128;  ///< the least alpha of an opaque pixel
   NamedFile target;
-  Spot targetAt;
+  Place targetAt;
   std::array<std::optional<NamedFile>, kSounds.size()> sounds;
   std::vector<SourceItem> items;
 };

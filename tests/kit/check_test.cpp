@@ -221,7 +221,7 @@ TEST(ASoundTheme, HasNoFinding) {
 }
 
 TEST(Findings, AreToldToProgramsToo) {
-  const Finding pixel{Severity::Warning, "mask-not-pure", "sm0.bmp", 0, Spot{5, 7}, "a \"gray\"\n"};
+  const Finding pixel{Severity::Warning, "mask-not-pure", "sm0.bmp", 0, Place{5, 7}, "a \"gray\"\n"};
   const Finding line{Severity::Error, "blank-line", "Theme.ini", 9, std::nullopt, "é"};
   EXPECT_EQ(AsJson(std::vector<CheckedTheme>{{"A\\B", {pixel}, {}}, {"C", {line}, {}}}),
             "[\n  {\"theme\": \"A\\\\B\", \"file\": \"sm0.bmp\", \"x\": 5, \"y\": 7, \"severity\": \"warning\", "
