@@ -122,9 +122,13 @@ std::optional<Size> DeclaredSize(std::string_view bytes) {
   return Size{static_cast<int>(header->width), static_cast<int>(header->height)};
 }
 
-void CorrectPixelOffset(std::string& bytes) {
+void CompleteBitmap(std::string& bytes) {
   const std::optional<Header> header = ReadHeader(bytes);
   if (!header) return;
+  if (!header->HasRuns() && DeclaredSize(bytes)) {
+    const std::uint64_t whole = header->pixelOffset + static_cast<std::uint64_t>(header->Stride() * header->height);
+    if (bytes.size() < whole) bytes.resize(static_cast<std::size_t>(whole));
+  }
   for (std::size_t i = 0; i < 4; ++i) bytes[10 + i] = static_cast<char>(header->pixelOffset >> (8 * i) & 0xFF);
 }
 

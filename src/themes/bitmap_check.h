@@ -30,8 +30,9 @@ std::optional<DeclaredBitmap> ReadBitmapHeaders(std::string_view start);
 /// it. nullopt if its headers are invalid or the bytes end before its last row.
 std::optional<Size> DeclaredSize(std::string_view bytes);
 
-/// Corrects, in a bitmap file's bytes, an offset of the pixel data that points into the headers or the palette (some
-/// writers leave it 0): decoders differ in what they make of it. Bytes that are no such file stay as they are.
-void CorrectPixelOffset(std::string& bytes);
+/// Mends, in the bytes of a bitmap file that passed DeclaredSize, what decoders make different things of: an offset of
+/// the pixel data that points into the headers or the palette (some writers leave it 0), and a last row whose padding
+/// is missing. Bytes that are no such file stay as they are.
+void CompleteBitmap(std::string& bytes);
 
 }  // namespace sorvex

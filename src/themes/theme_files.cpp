@@ -94,7 +94,7 @@ class BitmapReader {
     if (!file.ReadUpTo(declared->bytes) || DeclaredSize(file.Bytes()) != declared->size)
       return Refuse("broken-bitmap", name, kNotReadable);
     std::string bytes = std::move(file).Bytes();
-    CorrectPixelOffset(bytes);
+    CompleteBitmap(bytes);
     std::optional<Bitmap> bitmap = DecodeBitmap(bytes);
     return bitmap ? std::move(bitmap) : Refuse("broken-bitmap", name, kNotReadable);
   }

@@ -69,6 +69,8 @@ const Kind kKinds[] = {
     {"runs of 4 bits", File(4, 2, "\0\3\x04\x10\0\0"s + "\3\x12\0\1"s), {kRed, kGreen, kRed, kBlack, kWhite, kRed}},
     {"24 bits whose place is not said",
      WithOffset(File(24, 0, "\0\0\0\xFF\xFF\xFF\0\0\xFF\0\0\0"s + "\0\0\xFF\0\xFF\0\xFF\0\0\0\0\0"s), 0), kThree},
+    {"24 bits without padding behind the last row",
+     File(24, 0, "\0\0\0\xFF\xFF\xFF\0\0\xFF\0\0\0"s + "\0\0\xFF\0\xFF\0\xFF\0\0"s), kThree},
     {"8 bits said to lie in the header", WithOffset(File(8, 0, "\0\4\1\0\1\2\3\0"s), 22), kThree},
     // What the runs leave out is black, in every reading, whatever the palette.
     {"runs that leave out",
@@ -83,7 +85,7 @@ TEST(Bitmaps, OfEveryDepthAreReadToThePixel) {
   for (const Kind& kind : kKinds) {
     ASSERT_EQ(DeclaredSize(kind.file), (Size{3, 2})) << kind.what;
     std::string bytes = kind.file.substr(0, static_cast<std::size_t>(ReadBitmapHeaders(kind.file)->bytes));
-    CorrectPixelOffset(bytes);
+    CompleteBitmap(bytes);
     const std::optional<Bitmap> bitmap = DecodeBitmap(bytes);
     ASSERT_TRUE(bitmap) << kind.what;
     EXPECT_EQ(bitmap->Extent(), (Size{3, 2})) << kind.what;
