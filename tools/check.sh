@@ -54,5 +54,31 @@ if [ "${1-}" != --architecture ]; then
   complain "Lint of the front end for Windows:" "$(lint windows-x86_64 -e \
     --extra-arg=--target=x86_64-w64-windows-gnu \
     --extra-arg=-stdlib++-isystem"$headers" --extra-arg=-stdlib++-isystem"$headers/x86_64-w64-mingw32")"
+  complain "Built without a protection that cmake/hardening.cmake asks for:" "$(
+    # expect FILE WHAT COMMAND...: says so unless the command's output has WHAT (an extended regular expression).
+    expect() {
+      file=$1 what=$2
+      shift 2
+      "$@" "$file" 2>&1 | grep -qE "$what" || echo "$file: no $what"
+    }
+    for file in Sorvex sorvex-theme libsorvex-sounds.so; do
+      file=build/dev/bin/$file
+      expect "$file" 'Type: +DYN' readelf -hW
+      expect "$file" GNU_RELRO readelf -lW
+      expect "$file" 'FLAGS.*NOW' readelf -dW
+      expect "$file" 'GNU_STACK.* RW ' readelf -lW
+      expect "$file" __stack_chk_fail readelf --dyn-syms -W
+      [ "${file##*.}" = so ] || expect "$file" '__[a-z]+_chk@' readelf --dyn-syms -W
+      # The C library's own start code begins a few functions with it.
+      [ "$(uname -m)" != x86_64 ] || [ "$(objdump -d "$file" | grep -c endbr64)" -gt 20 ] || echo "$file: no endbr64"
+    done
+    for file in windows-x86_64/bin/Sorvex.exe windows-x86_64/bin/sorvex-theme.exe windows-i686/bin/Sorvex.exe; do
+      file=build/$file
+      dump=${mingw%-g++*}-objdump
+      case $file in *x86_64*) expect "$file" HIGH_ENTROPY_VA "$dump" -p ;; esac
+      expect "$file" DYNAMIC_BASE "$dump" -p
+      expect "$file" NX_COMPAT "$dump" -p
+      expect "$file" '\.reloc' "$dump" -h
+    done)"
 fi
 exit $failed

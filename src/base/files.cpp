@@ -86,6 +86,11 @@ bool PathExists(const std::string& path) {
   return exists || (error && error != std::errc::no_such_file_or_directory && error != std::errc::not_a_directory);
 }
 
+bool IsLink(const std::string& path) {
+  std::error_code error;
+  return fs::is_symlink(ToPath(path), error);
+}
+
 std::optional<std::string> ReadFile(const std::string& path, std::uintmax_t limit) {
   IncrementalReader file(path);
   return file.Size() <= limit && file.ReadUpTo(limit) ? std::optional(std::move(file).Bytes()) : std::nullopt;

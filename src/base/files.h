@@ -25,6 +25,8 @@ std::vector<std::string> FoldersIn(std::string_view folder);
 
 /// True if the path exists (file, folder or anything else) or if that cannot be determined.
 bool PathExists(const std::string& path);
+/// True if the path itself is a symbolic link, wherever it leads.
+bool IsLink(const std::string& path);
 
 /// The content of a regular file; nullopt if it cannot be opened or read or has more than `limit` bytes.
 std::optional<std::string> ReadFile(const std::string& path, std::uintmax_t limit);

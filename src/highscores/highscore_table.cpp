@@ -40,6 +40,17 @@ void TakeRows(Desktop& desktop, frmMain& form, const std::string& bytes) {
   }
 }
 
+// True if every line of the file begins with a quote, as in a saved table.
+bool IsSavedTable(std::string_view bytes) {
+  constexpr char lineEnds[] = "\r\n";
+  std::size_t at = 0;
+  while ((at = bytes.find_first_not_of(lineEnds, at)) != bytes.npos) {
+    if (bytes[at] != '"') return false;
+    at = bytes.find_first_of(lineEnds, at);
+  }
+  return true;
+}
+
 std::string TextOf(const frmMain& form) {
   std::string text;
   for (int row = 0; row < kHighScoreRows; ++row) text += Quoted(HighScoreAt(form, row));
@@ -81,6 +92,8 @@ void SaveHighScores(Desktop& desktop, frmMain& form, const std::string& themeNam
     if (bytes) TakeRows(desktop, form, *bytes);
     if (!change()) return std::nullopt;
     if (!bytes && PathExists(path)) throw PathAccessError();
+    // A theme from a stranger may link to any file of the player's.
+    if (bytes && IsLink(path) && !IsSavedTable(*bytes)) throw PathAccessError();
     std::string text = TextOf(form);
     if (text.size() > kLongestText) throw PathAccessError();
     return text;

@@ -33,8 +33,8 @@ void LoadHighScores(Desktop& desktop, frmMain& form, const std::string& themeNam
 
 /// Under a lock that excludes other copies of the program: rereads the theme's file, calls `change`, which modifies the
 /// rows, and writes them unless it returned false. If the file is missing, the rows are kept. A file that cannot be
-/// read is not overwritten, and a table that could not be read back is not written. Throws what Desktop::UpdateFile
-/// throws.
+/// read is not overwritten, nor is one behind a symbolic link that is no saved table; a table that could not be read
+/// back is not written. Throws what Desktop::UpdateFile throws.
 void SaveHighScores(Desktop& desktop, frmMain& form, const std::string& themeName, const std::function<bool()>& change);
 
 }  // namespace sorvex

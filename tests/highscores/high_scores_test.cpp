@@ -165,6 +165,24 @@ TEST_F(HighScores, NeverOverwriteATableThatCannotBeReadNorMakeOne) {
   }
 }
 
+TEST_F(HighScores, AreSavedBehindALinkOnlyOverAnotherTable) {
+  const std::filesystem::path target = story.folder.Path() / "elsewhere";
+  std::error_code noLinks;
+  std::filesystem::remove(file);
+  std::filesystem::create_symlink(target, file, noLinks);
+  if (noLinks) GTEST_SKIP() << "this system lets the user make no links";
+  for (const char* text : {"alias rm=\"rm -i\"\n", "\"A\"\r\n\"d\"\r\n9\r\n", "[\"json\"]"}) {
+    WriteFile(target, text);
+    EXPECT_THROW(Record(5), RuntimeError);
+    EXPECT_EQ(ReadWholeFile(target), text);
+  }
+  for (const std::string& text : {std::string(), HighScoreFile({"10"})}) {
+    WriteFile(target, text);
+    Record(5);
+    EXPECT_EQ(Loaded()[0], "|03/14/26|5");
+  }
+}
+
 TEST_F(HighScores, AreRereadAtEveryShowingInLabelsAsLargeAsTheirTexts) {
   frmMain& form = story.form;
   for (const char* time : {"5", "6"}) {
