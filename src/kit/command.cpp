@@ -23,6 +23,7 @@
 #include "kit/source.h"
 #include "kit/starter.h"
 #include "platform/encode_png.h"
+#include "platform/version.h"
 
 namespace sorvex {
 namespace {
@@ -155,6 +156,12 @@ struct Options {
   std::string name;
 };
 
+std::string Version() {
+  std::string text = "sorvex-theme " + std::to_string(version::kMajor);
+  for (const int part : {version::kMinor, version::kRevision}) text += '.' + std::to_string(part);
+  return text;
+}
+
 CLI::App* AddCheck(CLI::App& app, Options& options) {
   CLI::App* check = app.add_subcommand("check", "Finds all that is wrong with themes");
   check->add_option("THEME", options.folders, "A theme's folder")->required()->check(WhyNoFolder);
@@ -200,6 +207,7 @@ CLI::App* AddNew(CLI::App& app, Options& options) {
 int RunThemeCommand(std::vector<std::string> arguments) {
   CLI::App app("Tools for makers of Sorvex themes.", "sorvex-theme");
   app.allow_windows_style_options(false);  // a slash begins a path
+  app.set_version_flag("--version", Version(), "Print the version and exit");
   app.require_subcommand(1);
   Options options;
   const CLI::App* start = AddNew(app, options);
