@@ -60,6 +60,7 @@ TEST(Endurance, AfterManyGamesNoMoreIsHeldThanAfterTen) {
   story.desktop.MillisecondsPerDelivery = 10;
   story.desktop.TypeName = [] { return "Ann"; };
   std::vector<Held> held;
+  held.reserve(2);
   int games = 0;
   int contacts = 0;
   int bestTimes = 0;
