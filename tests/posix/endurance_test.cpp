@@ -4,14 +4,17 @@
 #include <malloc.h>
 
 #include <algorithm>
+#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <iterator>
+#include <tuple>
 
 #include "forms/choose_theme_window.h"
 #include "support/story.h"
 
 // Present under AddressSanitizer, whose memory mallinfo2 does not count.
+// NOLINTNEXTLINE(bugprone-reserved-identifier,readability-identifier-naming)
 extern "C" std::size_t __sanitizer_get_current_allocated_bytes() __attribute__((weak));
 
 namespace sorvex {
