@@ -127,4 +127,9 @@ std::size_t Process::ResidentMemory() const {
   return resident * static_cast<std::size_t>(::sysconf(_SC_PAGESIZE));
 }
 
+std::size_t Process::Descriptors() const {
+  return static_cast<std::size_t>(
+      std::distance(fs::directory_iterator(fs::path("/proc") / std::to_string(id_) / "fd"), {}));
+}
+
 }  // namespace sorvex

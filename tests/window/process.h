@@ -42,6 +42,8 @@ class Process {
   bool Runs();
   /// Memory that it has resident, bytes.
   std::size_t ResidentMemory() const;
+  /// How many file descriptors it has open.
+  std::size_t Descriptors() const;
 
  private:
   pid_t id_ = 0;

@@ -110,7 +110,9 @@ class Sitting {
     player->Tap(key);
     sorvex::Await([&] { return player->Find(title) != box; }, [&] { return "[" + title + "] stays open"; });
   }
-  std::filesystem::path ThemeFile(const std::string& name) const { return folder.Path() / "program/Theme1" / name; }
+  std::filesystem::path ThemeFile(const std::string& name) const {
+    return folder.Path() / "program" / theme.name / name;
+  }
 
   // Places are pixels of the main window's client area.
   void MoveTo(int x, int y) {

@@ -11,6 +11,7 @@
 #include <QFile>
 #include <QFontMetrics>
 #include <QLocale>
+#include <QPixmapCache>
 #include <QProxyStyle>
 #include <QRegion>
 #include <QThreadPool>
@@ -98,6 +99,9 @@ QtDesktop::QtDesktop(int& argc, char** argv)
   // A message box may be shown and closed while there is no other window.
   QApplication::setQuitOnLastWindowClosed(false);
   ChooseLook();
+  // Qt's style would keep pictures of every box's buttons, up to 10 MiB, although no later box finds them: their keys
+  // name the box's own palette. It also keeps the keys (Qt 6.4), without a limit.
+  QPixmapCache::setCacheLimit(0);
   FindFontsMeanwhile();
   InstallAccessibility();
 }
