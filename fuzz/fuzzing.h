@@ -8,7 +8,8 @@
 #include <string_view>
 
 // Every run frees megabytes of surfaces. To keep them poisoned for long takes more time than the run itself.
-extern "C" [[gnu::used]] inline const char* __asan_default_options() {
+// Not inline, so that it replaces the runtime's own weak function; each fuzzer is one source file.
+extern "C" const char* __asan_default_options() {
   return "quarantine_size_mb=2:allocator_release_to_os_interval_ms=-1";
 }
 
