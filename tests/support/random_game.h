@@ -22,11 +22,6 @@ namespace sorvex {
 
 inline constexpr Size kRandomField{90, 70};
 
-template <class T>
-T OneOf(Random& random, std::initializer_list<T> some) {
-  return some.begin()[random.Number(0, static_cast<int>(some.size()) - 1)];
-}
-
 // A mask's size need not be its picture's.
 inline Cutout RandomCutout(Random& random, Bitmap mask) {
   Size size = mask.Extent();
@@ -41,7 +36,7 @@ inline Cutout RandomCutout(Random& random, Bitmap mask) {
 inline RulesTheme RandomTheme(Random& random) {
   const auto across = [&] { return random.Number(-12, kRandomField.width); };
   const auto down = [&] { return random.Number(-12, kRandomField.height); };
-  const Size field = OneOf<Size>(random, {kRandomField, {64, 56}});
+  const Size field = random.OneOf<Size>({kRandomField, {64, 56}});
   RulesTheme theme{.targetX = across(),
                    .targetY = down(),
                    .target = RandomCutout(random, Bitmap({random.Number(4, 24), random.Number(4, 24)})),
@@ -61,7 +56,7 @@ inline RulesTheme RandomTheme(Random& random) {
     }
     theme.items.push_back(std::move(item));
   }
-  const int kept = OneOf(random, {0, 3, 10});
+  const int kept = random.OneOf({0, 3, 10});
   const int step = random.Number(0, 1);
   for (int i = 0; i < 10; ++i) {
     const std::string n = std::to_string(i);
@@ -185,19 +180,20 @@ class RandomGame {
     GatherLog();
     log_.push_back(what);
     RulesBox& box = model_.boxes.emplace_back();
-    for (int count = OneOf({0, 0, 1, 3}); count > 0 && !closed_; --count) {
-      RulesEvent event = OneOf<RulesEvent>({{Kind::Wait, 510},
-                                            {Kind::Lose},
-                                            {Kind::Release, kLeftButton},
-                                            At(Kind::Press, 0, 0, model_.Theme().background, kLeftButton),
-                                            At(Kind::Move, 0, 0, model_.Theme().background),
-                                            {Kind::Start},
-                                            {Kind::Key, OneOf<int>({kChoose, kChoose, kChoose, kClose})}});
+    for (int count = random_.OneOf({0, 0, 1, 3}); count > 0 && !closed_; --count) {
+      RulesEvent event =
+          random_.OneOf<RulesEvent>({{Kind::Wait, 510},
+                                     {Kind::Lose},
+                                     {Kind::Release, kLeftButton},
+                                     At(Kind::Press, 0, 0, model_.Theme().background, kLeftButton),
+                                     At(Kind::Move, 0, 0, model_.Theme().background),
+                                     {Kind::Start},
+                                     {Kind::Key, random_.OneOf<int>({kChoose, kChoose, kChoose, kClose})}});
       if (event.kind == Kind::Start && story_.state.StartCommand == modVariables::Start::Idle) continue;
       if (event.kind == Kind::Key && choosing_) continue;
       box.events.push_back(Do(event));
     }
-    return box.answer = OneOf<const char*>({"", "Ann", "Zo\u00EB, \u65E5"});
+    return box.answer = random_.OneOf<const char*>({"", "Ann", "Zo\u00EB, \u65E5"});
   }
 
   // What a key stands for.
@@ -291,10 +287,10 @@ class RandomGame {
   std::vector<RulesEvent> NextEvents() {
     if (model_.items.empty() || (model_.phase == Phase::Idle && random_.Number(0, 3) > 0)) return {{Kind::Start}};
     if (model_.phase == Phase::Loading)
-      return {OneOf<RulesEvent>(
+      return {random_.OneOf<RulesEvent>(
           {{Kind::Release, kLeftButton}, {Kind::Clock}, {Kind::Wait, 510}, {Kind::Start}, {Kind::Key, kChoose}})};
     std::vector<RulesEvent> events;
-    for (int count = OneOf({0, 1, 1, 1, 2, 9}); count > 0; --count) {
+    for (int count = random_.OneOf({0, 1, 1, 1, 2, 9}); count > 0; --count) {
       if (plan_.empty()) MakePlan();
       events.push_back(plan_.front());
       plan_.pop_front();
@@ -306,7 +302,7 @@ class RandomGame {
   void MakePlan() {
     const RulesItem& item =
         model_.items[static_cast<std::size_t>(random_.Number(0, static_cast<int>(model_.items.size()) - 1))];
-    const int button = OneOf({kLeftButton, kLeftButton, kRightButton});
+    const int button = random_.OneOf({kLeftButton, kLeftButton, kRightButton});
     if (random_.Number(0, 3) > 0) {
       const RulesEvent press = At(Kind::Press, item.x, item.y, item.look.picture, kLeftButton);
       const RulesEvent grab{Kind::Move, 0, press.x, press.y};
@@ -318,39 +314,35 @@ class RandomGame {
                {Kind::Release, button}};
       plan_.resize(static_cast<std::size_t>(random_.Number(4, 6)));
     } else {
-      plan_ = {OneOf<RulesEvent>({{Kind::Lose},
-                                  {Kind::Clock},
-                                  {Kind::Start},
-                                  {Kind::Release, button},
-                                  At(Kind::Press, 0, 0, model_.Theme().background, button),
-                                  At(Kind::Move, 0, 0, model_.Theme().background),
-                                  {Kind::Key, random_.Number(kAbout, kAltH)},
-                                  {Kind::Key, random_.Number(0, 19) == 0 ? kClose : kTab}})};
+      plan_ = {random_.OneOf<RulesEvent>({{Kind::Lose},
+                                          {Kind::Clock},
+                                          {Kind::Start},
+                                          {Kind::Release, button},
+                                          At(Kind::Press, 0, 0, model_.Theme().background, button),
+                                          At(Kind::Move, 0, 0, model_.Theme().background),
+                                          {Kind::Key, random_.Number(kAbout, kAltH)},
+                                          {Kind::Key, random_.Number(0, 19) == 0 ? kClose : kTab}})};
     }
-    if (random_.Number(0, 3) > 0) plan_.push_back({Kind::Wait, OneOf({1, 37, 499, 500})});
+    if (random_.Number(0, 3) > 0) plan_.push_back({Kind::Wait, random_.OneOf({1, 37, 499, 500})});
   }
 
   // A place on the picture, on its edge lines or one pixel outside.
   RulesEvent At(Kind kind, int left, int top, const Bitmap& picture, int value = 0) {
-    const float part = OneOf({0.F, 0.F, 0.F, .5F});
+    const float part = random_.OneOf({0.F, 0.F, 0.F, .5F});
     return {kind, value, static_cast<float>(left + random_.Number(-1, picture.Width() + 1)) + part,
             static_cast<float>(top + random_.Number(-1, picture.Height() + 1)) + part};
   }
 
   // Takes the item, held where it was pressed, to the target, about its container or anywhere.
   RulesEvent Drag(const RulesItem& item, const RulesEvent& press) {
-    RulesEvent move = OneOf({At(Kind::Move, model_.Theme().targetX, model_.Theme().targetY, model_.Theme().target.mask),
-                             At(Kind::Move, model_.Theme().targetX, model_.Theme().targetY, model_.Theme().target.mask),
-                             At(Kind::Move, item.contX, item.contY, item.container.picture),
-                             At(Kind::Move, 0, 0, model_.Theme().background)});
+    RulesEvent move =
+        random_.OneOf({At(Kind::Move, model_.Theme().targetX, model_.Theme().targetY, model_.Theme().target.mask),
+                       At(Kind::Move, model_.Theme().targetX, model_.Theme().targetY, model_.Theme().target.mask),
+                       At(Kind::Move, item.contX, item.contY, item.container.picture),
+                       At(Kind::Move, 0, 0, model_.Theme().background)});
     move.x += press.x - static_cast<float>(item.x + item.look.mask.Width() / 2);
     move.y += press.y - static_cast<float>(item.y + item.look.mask.Height() / 2);
     return move;
-  }
-
-  template <class T>
-  T OneOf(std::initializer_list<T> some) {
-    return sorvex::OneOf(random_, some);
   }
 
   Random random_;
