@@ -1,11 +1,17 @@
 // SPDX-License-Identifier: MIT
-// What the fuzzers share: their input as text, and a check that stops them.
+// What the fuzzers share: the sanitizer's options, their input as text, and a check that stops them.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
 #include <string_view>
+
+// Every run frees megabytes of surfaces. To keep them poisoned for long takes more time than the run itself.
+// Not inline, so that it replaces the runtime's own weak function; each fuzzer is one source file.
+extern "C" const char* __asan_default_options() {
+  return "quarantine_size_mb=2:allocator_release_to_os_interval_ms=-1";
+}
 
 namespace sorvex {
 

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <cstdlib>
+#include <initializer_list>
 #include <optional>
 #include <random>
 #include <span>
@@ -37,6 +38,11 @@ class Random {
       choices_ = choices_->subspan(1);
     }
     return from + choice % span;
+  }
+
+  template <class T>
+  T OneOf(std::initializer_list<T> some) {
+    return some.begin()[Number(0, static_cast<int>(some.size()) - 1)];
   }
 
   sorvex::Bitmap Bitmap(Size size, Colors colors) {

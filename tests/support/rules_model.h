@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <deque>
 #include <functional>
 #include <string>
 #include <utility>
@@ -33,16 +34,25 @@ struct RulesItem {
 struct RulesTheme {
   int targetX, targetY;
   Cutout target;
-  Bitmap background;               ///< as large as the field
-  std::vector<RulesItem> items{};  ///< at least one
+  Bitmap background;                ///< as large as the field
+  std::vector<RulesItem> items{};   ///< at least one
+  std::vector<std::string> rows{};  ///< ten best times as "name|date|time"
 };
 
-/// Something the player does. `value` is the button or the milliseconds waited.
+/// Something the player does. `value` is the button, the key, the milliseconds waited, whether the panel is shown or
+/// the theme chosen (kNoTheme: a folder that holds none). A key stands for something else or for nothing.
 struct RulesEvent {
-  enum class Kind { Move, Press, Release, Lose, Clock, Wait, Start } kind;
+  enum class Kind { Move, Press, Release, Lose, Clock, Wait, Start, Panel, About, Details, Choose, Key } kind;
   int value = 0;
   float x = 0;
   float y = 0;
+};
+inline constexpr int kNoTheme = -1;
+
+/// What happens while a box is open or after a theme was loaded, and what is typed into the box.
+struct RulesBox {
+  std::vector<RulesEvent> events;
+  std::string answer;
 };
 
 /// How the log names a frame.
@@ -55,7 +65,9 @@ inline std::string NameOfFrame(const Bitmap& frame) {
 /// A program that was just started; its state is there to be read.
 class RulesModel {
  public:
-  explicit RulesModel(RulesTheme theme) : theme_(std::move(theme)) {}
+  /// The last of the themes is the current one. The first is loaded for a folder without a theme, if `hasDefault`.
+  RulesModel(std::vector<RulesTheme> themes, bool hasDefault)
+      : theme(static_cast<int>(themes.size()) - 1), hasDefault_(hasDefault), themes_(std::move(themes)) {}
 
   /// What lies between the input of two deliveries: what follows from the one, then the loading of a theme or a frame
   /// with its two tests, and the timer, which the other begins with.
@@ -74,11 +86,11 @@ class RulesModel {
   void Handle(const RulesEvent& event) {
     switch (event.kind) {
       case RulesEvent::Kind::Move:
-        if (phase == Phase::Running) MouseMove(event.x, event.y);
+        if (Runs()) MouseMove(event.x, event.y);
         return;
       case RulesEvent::Kind::Press:
         buttons_ |= event.value;
-        if (phase == Phase::Running) MouseDown(event.value, event.x, event.y);
+        if (Runs()) MouseDown(event.value, event.x, event.y);
         return;
       case RulesEvent::Kind::Release:
         if ((buttons_ & event.value) == 0) return;
@@ -89,18 +101,29 @@ class RulesModel {
         return;
       case RulesEvent::Kind::Clock: clockShown = !clockShown; return;
       case RulesEvent::Kind::Wait: now_ += event.value; return;
-      case RulesEvent::Kind::Start: startWanted_ = phase != Phase::Loading;
+      case RulesEvent::Kind::Start: startWanted_ = phase != Phase::Loading; return;
+      case RulesEvent::Kind::Panel: panelShown = event.value != 0; return;
+      case RulesEvent::Kind::About: return RunTimer();
+      case RulesEvent::Kind::Details: Box("No details found"); return;
+      case RulesEvent::Kind::Choose: return Choose(event.value);
+      case RulesEvent::Kind::Key: return;
     }
   }
 
+  RulesTheme& Theme() { return themes_[static_cast<std::size_t>(theme)]; }
+
+  std::deque<RulesBox> boxes;  ///< what the player did in those that are still to open
+
   enum class Phase { Idle, Loading, Running } phase = Phase::Idle;
+  int theme;
   std::vector<RulesItem> items;
   int curItem = 0;
   int curCont = 0;
   bool mouseHeld = false;
   bool dragging = false;
-  bool lockedOut = false;
+  bool lockedOut = true;  // no theme is loaded yet
   bool clockShown = false;
+  bool panelShown = false;
   std::string clock = "00.00";
   Bitmap field;  ///< empty before the first frame
   std::vector<std::string>
@@ -156,31 +179,91 @@ class RulesModel {
     mouseHeld = dragging = false;
   }
 
+  bool Runs() const { return phase == Phase::Running && !stopped_; }
+
   void FollowUp() {
-    if (std::exchange(startWanted_, false)) {
-      phase = Phase::Loading;
-      items = theme_.items;
-      curItem = curCont = 0;
-      lockedOut = false;
-      clock = "00.00";
-    } else if (phase == Phase::Loading) {
+    if (phase == Phase::Loading) {
       phase = Phase::Running;
+      stopped_ = false;
       start_ = now_;
-    } else if (phase == Phase::Running) {
+    } else if (phase == Phase::Running && !startWanted_) {
       clock = NumberText((now_ - start_ + 5) / 10 / 100.0);
-      if (std::ranges::any_of(items, &RulesItem::itemInPlay)) return;
-      log.push_back("Game Over\r\nYou took: " + clock + " seconds");
-      RunTimer();  // the box is modal
-      phase = Phase::Idle;
+      if (stopped_)
+        phase = Phase::Idle;
+      else if (std::ranges::none_of(items, &RulesItem::itemInPlay))
+        EndGame();
     }
+    if (!std::exchange(startWanted_, false)) return;
+    Load();
+    phase = Phase::Loading;
+  }
+
+  void EndGame() {
+    const std::string time = clock;
+    Box("Game Over\r\nYou took: " + time + " seconds");
+    const auto place = [&] {
+      return std::ranges::find_if(Theme().rows, [&](const std::string& row) {
+        return LeadingNumber(row.substr(row.rfind('|') + 1)) > LeadingNumber(time);
+      });
+    };
+    if (place() != Theme().rows.end()) {
+      const std::string name = Box("What is your name?");
+      if (place() != Theme().rows.end()) {
+        Theme().rows.insert(place(), name + "|03/14/26|" + time);
+        Theme().rows.pop_back();
+      }
+    }
+    panelShown = true;
+    phase = Phase::Idle;
+  }
+
+  std::string During(const std::string& what) {
+    log.push_back(what);
+    if (boxes.empty()) return "";
+    const RulesBox box = std::move(boxes.front());
+    boxes.pop_front();
+    for (const RulesEvent& event : box.events) Handle(event);
+    return box.answer;
+  }
+
+  std::string Box(const std::string& text) {
+    const std::string answer = During(text);
+    RunTimer();
+    return answer;
+  }
+
+  void Load() {
+    items = Theme().items;
+    curItem = curCont = 0;
+    lockedOut = false;
+    clock = "00.00";
+    stopped_ = true;
+  }
+
+  void Choose(int which) {
+    RunTimer();
+    Handle({RulesEvent::Kind::Lose});
+    if (which == kNoTheme) {
+      Box("There is an important file missing. Can not load theme Empty\r\nLoading default theme..");
+      if (!hasDefault_) {
+        Box("Can't find Default theme");
+        return;
+      }
+      which = 0;
+    }
+    theme = which;
+    Load();
+    RunTimer();
+    During("Loaded");
+    ShowFrame(true);
   }
 
   void ShowFrame(bool withContainer) {
-    Bitmap frame = theme_.background;
+    Bitmap frame = Theme().background;
     const auto draw = [&](int x, int y, const Cutout& cutout, int border) {
       DrawInFull(frame, x, y, Outer(cutout.picture, border), cutout.picture, cutout.mask);
     };
-    draw(theme_.targetX, theme_.targetY, theme_.target, kFlat);
+    draw(Theme().targetX, Theme().targetY, Theme().target, kFlat);
     for (const RulesItem& item : items)
       if (item.itemInPlay) draw(item.x, item.y, item.look, kSunken);
     const RulesItem& shown = items[static_cast<std::size_t>(curCont)];
@@ -204,9 +287,9 @@ class RulesModel {
     RulesItem& item = Current();
     const double x = item.x + item.look.mask.Width() / 2.0;
     const double y = item.y + item.look.mask.Height() / 2.0;
-    const Bitmap& target = theme_.target.mask;
-    if (x <= theme_.targetX || x >= theme_.targetX + target.Width()) return;
-    if (y <= theme_.targetY || y >= theme_.targetY + target.Height()) return;
+    const Bitmap& target = Theme().target.mask;
+    if (x <= Theme().targetX || x >= Theme().targetX + target.Width()) return;
+    if (y <= Theme().targetY || y >= Theme().targetY + target.Height()) return;
     mouseHeld = dragging = false;
     if (item.itemInPlay) log.push_back("PutInCont");
     item.itemInPlay = false;
@@ -233,8 +316,8 @@ class RulesModel {
 
   void StepTowards(int targetX, int targetY) {
     RulesItem& item = Current();
-    const int x = std::clamp(targetX, 0, theme_.background.Width());
-    const int y = std::clamp(targetY, 0, theme_.background.Height());
+    const int x = std::clamp(targetX, 0, Theme().background.Width());
+    const int y = std::clamp(targetY, 0, Theme().background.Height());
     const double dx = x - item.x;
     const double dy = y - item.y;
     const double distance = std::sqrt(dx * dx + dy * dy);
@@ -247,12 +330,14 @@ class RulesModel {
     lockedOut = timerRuns_ = false;
   }
 
-  RulesTheme theme_;
+  bool hasDefault_;
+  std::vector<RulesTheme> themes_;
   Bitmap work_{{61, 69}};  // of the contact test: as large as the item tested before
   int grabX_ = 0;
   int grabY_ = 0;
   int buttons_ = 0;
   bool startWanted_ = false;
+  bool stopped_ = false;  // a theme was loaded during the game
   bool timerRuns_ = true;
   int timerStarted_ = 0;
   int now_ = 0;

@@ -73,7 +73,12 @@ void HeadlessDesktop::ShowMessage(const std::string& text, const std::string& ti
 
 std::string HeadlessDesktop::InputBox(const std::string& prompt, const std::string& title) {
   Prompts.push_back({prompt, title});
-  return TypeName();
+  std::string name;
+  runner_.Serve([&] {
+    runner_.Run([&] { name = TypeName(); });
+    RunTimers();
+  });
+  return name;
 }
 
 Picture HeadlessDesktop::BuiltInPicture(BuiltIn which) {
