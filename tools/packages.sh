@@ -4,8 +4,8 @@
 play_packages="g++ cmake ninja-build qt6-base-dev qt6-multimedia-dev libcli11-dev libtomlplusplus-dev librsvg2-dev
 pkg-config fonts-liberation fonts-inter"
 test_packages="bindfs clang clang-format clang-tidy libbenchmark-dev libclang-rt-14-dev libgtest-dev libx11-dev
-libxtst-dev locales xvfb openbox xdotool x11-utils pulseaudio pulseaudio-utils dbus at-spi2-core libatspi2.0-dev wine
-wine64"
+libxtst-dev locales xvfb openbox xdotool x11-utils pulseaudio pulseaudio-utils dbus at-spi2-core libatspi2.0-dev
+qt6-wayland weston wine wine64"
 windows_packages="g++-mingw-w64-x86-64-win32 g++-mingw-w64-i686-win32"
 
 # need PACKAGE...: makes sure that these are installed.

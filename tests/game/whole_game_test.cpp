@@ -2,6 +2,9 @@
 // Games from Start to their end, however it comes, their time, and the pointer without a game.
 #include <gtest/gtest.h>
 
+#include <cstdint>
+#include <limits>
+
 #include "game/pointer_handlers.h"
 #include "support/story.h"
 
@@ -129,6 +132,25 @@ TEST(Elapsed, IsWaitedForOnlyWhileItIsShownAndRightAtOnce) {
   story.Frames(1).Then([&] { EXPECT_EQ(story.desktop.Patience, 1) << "1.24 seconds begin at 1235 ms"; });
   story.Then(story.form.Image1.Click).Frames(1).Run();
   EXPECT_EQ(story.desktop.Patience, Desktop::kUntilAnEvent);
+}
+
+// The count is read as signed: half way the difference leaves its range, where it begins again at zero nothing is odd.
+TEST(ATickCount, EndsAGameWithABoxAtHalfItsRangeAndNoneAtItsEndNorTheNextGame) {
+  for (const Long last : {std::numeric_limits<Long>::max(), Long{-1}}) {
+    Story story({CupTheme(1)});
+    const auto pass = [&] { story.desktop.Now = static_cast<Long>(static_cast<std::uint32_t>(last) + 501); };
+    story.desktop.Now = last - 499;
+    story.Start().Then(pass);
+    std::vector<Box> boxes;
+    if (last > 0) {
+      boxes.push_back({"Error: 6\r\nOverflow\r\nProblem in main rendering loop", "uhh oh!!", BoxIcon::Critical});
+      story.Start().Wait(1000);
+    }
+    boxes.push_back(GameOverAfter("1"));
+    story.PutIn(0).Frames(1).Run();
+    EXPECT_EQ(story.desktop.Boxes, boxes);
+    EXPECT_EQ(story.desktop.Prompts.size(), 1U);
+  }
 }
 
 // --- the pointer where the model of the rules does not go ---

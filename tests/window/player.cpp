@@ -39,14 +39,33 @@ Property Read(Display* display, Window window, Atom name) {
   return property;
 }
 
+// Those that no window manager put into a frame, the newest last.
+std::vector<Window> ShownOnTheRoot(Display* display) {
+  Window root = 0;
+  Window parent = 0;
+  Window* children = nullptr;
+  unsigned count = 0;
+  ::XQueryTree(display, DefaultRootWindow(display), &root, &parent, &children, &count);
+  const std::unique_ptr<Window, Freed> list(children);
+  std::vector<Window> shown(children, children + count);
+  std::erase_if(shown, [display](Window window) {
+    XWindowAttributes attributes{};
+    ::XGetWindowAttributes(display, window, &attributes);
+    return attributes.map_state != IsViewable;
+  });
+  return shown;
+}
+
 // A window may vanish between two questions about it.
 int Ignore(Display*, XErrorEvent*) { return 0; }
 
 }  // namespace
 
-Player::Player(const std::string& display) : display_(::XOpenDisplay(display.c_str())) {
+Player::Player(const std::string& display, bool managed)
+    : display_(::XOpenDisplay(display.c_str())), managed_(managed) {
   if (display_ == nullptr) throw std::runtime_error("no screen " + display);
   ::XSetErrorHandler(&Ignore);
+  if (!managed) return;
   Await([this] { return Read(display_, DefaultRootWindow(display_), Atom("_NET_SUPPORTING_WM_CHECK")).count > 0; },
         [] { return std::string("no window manager"); });
 }
@@ -56,6 +75,7 @@ Player::~Player() { ::XCloseDisplay(display_); }
 unsigned long Player::Atom(const char* name) const { return ::XInternAtom(display_, name, False); }
 
 std::vector<Player::WindowId> Player::Windows() const {
+  if (!managed_) return ShownOnTheRoot(display_);
   const Property list = Read(display_, DefaultRootWindow(display_), Atom("_NET_CLIENT_LIST"));
   const auto* first = reinterpret_cast<const WindowId*>(list.data.get());
   return {first, first + list.count};
@@ -82,7 +102,7 @@ bool Player::HasFocus(WindowId window) const {
   WindowId focus = 0;
   int revert = 0;
   ::XGetInputFocus(display_, &focus, &revert);
-  return focus == window;
+  return focus == window || (!managed_ && focus == PointerRoot);  // keys go to the window under the pointer
 }
 
 Rectangle Player::ClientArea(WindowId window) const {
@@ -139,15 +159,21 @@ void Player::Type(const std::string& text) {
 }
 
 void Player::UseCloseBox(WindowId window) {
-  constexpr long kFromUser = 2;
   XEvent message{};
   message.xclient.type = ClientMessage;
   message.xclient.window = window;
-  message.xclient.message_type = Atom("_NET_CLOSE_WINDOW");
   message.xclient.format = 32;
-  message.xclient.data.l[1] = kFromUser;
-  ::XSendEvent(display_, DefaultRootWindow(display_), False, SubstructureNotifyMask | SubstructureRedirectMask,
-               &message);
+  if (managed_) {
+    constexpr long kFromUser = 2;
+    message.xclient.message_type = Atom("_NET_CLOSE_WINDOW");
+    message.xclient.data.l[1] = kFromUser;
+    ::XSendEvent(display_, DefaultRootWindow(display_), False, SubstructureNotifyMask | SubstructureRedirectMask,
+                 &message);
+  } else {
+    message.xclient.message_type = Atom("WM_PROTOCOLS");
+    message.xclient.data.l[0] = static_cast<long>(Atom("WM_DELETE_WINDOW"));
+    ::XSendEvent(display_, window, False, NoEventMask, &message);
+  }
   ::XSync(display_, False);
 }
 

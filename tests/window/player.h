@@ -17,8 +17,8 @@ class Player {
  public:
   using WindowId = unsigned long;
 
-  /// Sits down at the X display and waits for a window manager.
-  explicit Player(const std::string& display);
+  /// Sits down at the X display and waits for its window manager if it is to have one.
+  Player(const std::string& display, bool managed);
   ~Player();
   Player(const Player&) = delete;
   Player& operator=(const Player&) = delete;
@@ -49,6 +49,7 @@ class Player {
   std::string TitleOf(WindowId window) const;
 
   _XDisplay* display_;
+  bool managed_;
 };
 
 }  // namespace sorvex

@@ -67,7 +67,8 @@ void Await(const std::function<bool()>& condition, const std::function<std::stri
 
 Process::Process(const std::vector<std::string>& command, Environment environment) {
   ::prctl(PR_SET_CHILD_SUBREAPER, 1);
-  if (const char* path = std::getenv("PATH")) environment.emplace("PATH", path);
+  for (const char* name : {"PATH", "ASAN_OPTIONS", "LSAN_OPTIONS", "TSAN_OPTIONS"})
+    if (const char* value = std::getenv(name)) environment.emplace(name, value);
   std::vector<std::string> words = command;
   std::vector<std::string> variables;
   for (const auto& [name, value] : environment) variables.push_back(name + "=" + value);

@@ -26,8 +26,8 @@ using Environment = std::map<std::string, std::string>;
 
 class Process {
  public:
-  /// The command sees nothing of the story's own environment but its PATH. Whatever it says on descriptor 3 can be
-  /// read.
+  /// The command sees nothing of the story's own environment but its PATH and the sanitizers' options. Whatever it says
+  /// on descriptor 3 can be read.
   Process(const std::vector<std::string>& command, Environment environment);
   /// Ends the process; the last one to go takes along whatever they all left behind.
   ~Process();

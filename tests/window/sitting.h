@@ -35,10 +35,15 @@ inline System TheSystem() {
   return name != nullptr && std::string(name) == "Windows" ? System::Windows : System::Linux;
 }
 
+struct Screen {
+  std::vector<std::string> options = {};
+  bool managed = true;  // by a window manager
+};
+
 class Sitting {
  public:
   /// Sets up the screen and writes the theme; the program is not started.
-  explicit Sitting(TestTheme itsTheme = CupTheme(3), double itsScale = 1)
+  explicit Sitting(TestTheme itsTheme = CupTheme(3), double itsScale = 1, const Screen& itsScreen = {})
       : theme(std::move(itsTheme)), scale(itsScale) {
     WriteTheme(folder.Path() / "program", theme);
     fs::copy_file(SORVEX_PROGRAM, folder.Path() / "program/Sorvex");
@@ -61,16 +66,12 @@ class Sitting {
                    {"WINEDEBUG", "-all"},
                    {"WINEDLLOVERRIDES", "mscoree,mshtml="}};
     WriteFile(home / "sound.conf", "enable-shm = no\n");  // not every sandbox lets processes share memory
-    screen.emplace(
-        std::vector<std::string>{"Xvfb", "-displayfd", "3", "-screen", "0", "1280x1000x24", "-nolisten", "tcp"},
-        environment);
+    std::vector<std::string> server{"Xvfb", "-displayfd", "3", "-screen", "0", "1280x1000x24", "-nolisten", "tcp"};
+    server.insert(server.end(), itsScreen.options.begin(), itsScreen.options.end());
+    screen.emplace(server, environment);
     environment["DISPLAY"] = ":" + screen->Announcement();
-    // No bindings: to wait for what a press means to the window manager, the screen would join movements that follow
-    // it.
-    const fs::path settings = home / "openbox.xml";
-    WriteFile(settings, "<openbox_config xmlns=\"http://openbox.org/3.4/rc\"><keyboard/><mouse/></openbox_config>");
-    windowManager.emplace(std::vector<std::string>{"openbox", "--config-file", settings}, environment);
-    player.emplace(environment["DISPLAY"]);
+    if (itsScreen.managed) Manage(home / "openbox.xml");
+    player.emplace(environment["DISPLAY"], itsScreen.managed);
     player->Move(1279, 999);
   }
 
@@ -127,7 +128,7 @@ class Sitting {
     }
   }
   Rectangle OnScreen(const Rectangle& part) const {
-    const Rectangle client = player->ClientArea(window);
+    const Rectangle client = window == 0 ? clientArea : player->ClientArea(window);
     return Rectangle{DevicePixel(part.left, scale), DevicePixel(part.top, scale), DevicePixel(part.right, scale),
                      DevicePixel(part.bottom, scale)}
         .Moved(client.left, client.top);
@@ -152,7 +153,7 @@ class Sitting {
     for (int i = 0; i < static_cast<int>(theme.items.size()); ++i) {
       const Placed rest = Rest(i);
       const Size size = theme.items[static_cast<std::size_t>(i)].size;
-      if (Rectangle::At(rest.x, rest.y, size).Contains(x, y)) AwaitItem(i, x, rest.y + size.height, true);
+      if (Rectangle::At(rest.x, rest.y, size).Contains(x, y)) AwaitItem(i, rest.x + 3, rest.y + size.height, true);
     }
   }
   /// Takes item `i` out of its cup and to the target, and lets go once it is in: before, that would send it back.
@@ -162,9 +163,9 @@ class Sitting {
     const int y = 150;
     Grab(x, rest.y + 6);
     Hover(x, y);
-    AwaitItem(i, x, y, true);
+    AwaitItem(i, rest.x + 3, y, true);  // not under the pointer, which some screens draw
     Hover(theme.targetX + theme.target.width / 2, theme.targetY + theme.target.height / 2);
-    AwaitItem(i, x, y, false);
+    AwaitItem(i, rest.x + 3, y, false);
     player->Release();
   }
   Placed Rest(int i) const {
@@ -203,8 +204,15 @@ class Sitting {
   std::optional<Player> player;
   std::optional<Process> program;
   Player::WindowId window = 0;
+  Rectangle clientArea;  // of a main window that is none of the screen's own
 
  private:
+  void Manage(const fs::path& settings) {
+    // No bindings: to wait for what a press means to the window manager, the screen would join movements that follow
+    // it.
+    WriteFile(settings, "<openbox_config xmlns=\"http://openbox.org/3.4/rc\"><keyboard/><mouse/></openbox_config>");
+    windowManager.emplace(std::vector<std::string>{"openbox", "--config-file", settings}, environment);
+  }
   static std::string Difference(const Bitmap& seen, const Bitmap& expected) {
     for (int y = 0; y < expected.Height(); ++y)
       for (int x = 0; x < expected.Width(); ++x)

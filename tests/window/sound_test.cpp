@@ -8,6 +8,7 @@
 
 #include "support/wave_file.h"
 #include "window/sitting.h"
+#include "window/sound_server.h"
 
 namespace sorvex {
 namespace {
@@ -55,21 +56,6 @@ void WriteTones(const Sitting& sitting) {
     WriteFile(sitting.ThemeFile(file + std::string(".wav")), wave.With(samples));
   }
 }
-
-// Programs can connect to it.
-struct SoundServer : Process {
-  explicit SoundServer(const Sitting& sitting)
-      : SoundServer(sitting, sitting.environment.at("PULSE_SERVER").substr(5)) {}
-
- private:
-  SoundServer(const Sitting& sitting, const std::string& socket)
-      : Process({"pulseaudio", "-n", "--daemonize=no", "--disable-shm=yes", "--exit-idle-time=-1", "-L",
-                 "module-null-sink sink_name=null rate=16000 channels=1", "-L",
-                 "module-native-protocol-unix socket=" + socket},
-                sitting.environment) {
-    Await([&] { return fs::exists(socket); }, [] { return std::string("no sound server"); });
-  }
-};
 
 // Of the game whose last item is still to be put in, and of the program.
 void ExpectAPromptEnd(Sitting& sitting) {

@@ -13,6 +13,7 @@
 #include <exception>
 #include <utility>
 
+#include "base/finally.h"
 #include "platform/qt/wave_player.h"
 
 namespace sorvex {
@@ -42,10 +43,20 @@ void Post(QObject* worker, Task task) {
   QMetaObject::invokeMethod(worker, guarded, Qt::QueuedConnection);
 }
 
-// Exits without destroying anything that an abandoned thread may use.
 void LeaveProcess(int status, void* /*unused*/) {
   std::fflush(nullptr);
   ::_exit(status);
+}
+
+// Whether the sound thread of this thread's runs. While it does, the process exits without destroying anything that it
+// may use or hold a lock on, also when the toolkit exits because the display is lost: before all exit handlers, `exit`
+// destroys its thread's objects, of which one adds a handler that is therefore the first to run.
+bool& SoundThreadRuns() {
+  thread_local bool runs = false;
+  thread_local const Finally atExit([] {
+    if (runs) ::on_exit(&LeaveProcess, nullptr);
+  });
+  return runs;
 }
 
 }  // namespace
@@ -102,9 +113,10 @@ Sounds::~Sounds() {
   }
   ++worker_->newest;
   thread_->quit();
-  if (thread_->wait(kPatience)) return;
-  static_cast<void>(thread_.release());
-  ::on_exit(&LeaveProcess, nullptr);
+  if (thread_->wait(kPatience))
+    SoundThreadRuns() = false;
+  else
+    static_cast<void>(thread_.release());
 }
 
 void Sounds::Prepare(std::span<const std::string> paths) {
@@ -121,7 +133,9 @@ void Sounds::Play(const std::string& path) {
 
 void Sounds::Start() {
   starting_.stop();
-  if (!thread_->isRunning()) thread_->start();
+  if (thread_->isRunning()) return;
+  SoundThreadRuns() = true;
+  thread_->start();
 }
 
 }  // namespace sorvex

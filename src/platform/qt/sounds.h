@@ -16,8 +16,8 @@ namespace sorvex {
 class Sounds {
  public:
   Sounds();
-  /// Does not wait for sounds or the sound server: if the thread does not end within 100 ms, it is abandoned, and the
-  /// process later exits without running destructors of objects that it may still use.
+  /// Does not wait for sounds or the sound server: if the thread does not end within 100 ms, it is abandoned. A process
+  /// that exits while the thread runs, abandoned or not, runs no destructors of objects that it may still use.
   ~Sounds();
   Sounds(const Sounds&) = delete;
   Sounds& operator=(const Sounds&) = delete;
