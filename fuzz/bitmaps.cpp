@@ -14,7 +14,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   if (!declared || !extent) return 0;
   Require(extent == declared->size);
   if (extent->width > 4000 || extent->height > 1000) return 0;  // as good as any, and slow
-  std::string bytes(file.substr(0, static_cast<std::size_t>(declared->bytes)));
+  std::string bytes(file.substr(0, static_cast<std::size_t>(declared->mostBytes)));
   CompleteBitmap(bytes);
   const std::optional<Bitmap> bitmap = DecodeBitmap(bytes);
   if (!bitmap) return 0;

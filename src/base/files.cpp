@@ -9,6 +9,7 @@
 #include <system_error>
 #include <utility>
 
+#include "base/limits.h"
 #include "base/text.h"
 
 namespace sorvex {
@@ -41,14 +42,6 @@ bool IsTemporaryName(std::string_view name) {
          name.substr(kTemporaryPrefix.size()).find_first_not_of("0123456789-") == std::string_view::npos;
 }
 
-// Regular files only: opening a pipe blocks until it has a writer, and some systems let folders be opened.
-std::ifstream OpenPlainFile(const std::string& name) {
-  const fs::path path = ToPath(name);
-  std::error_code error;
-  if (!fs::is_regular_file(path, error)) return {};
-  return std::ifstream(path, std::ios::binary);
-}
-
 }  // namespace
 
 std::string JoinPath(std::string_view folder, std::string_view name) { return ToText(ToPath(folder) / ToPath(name)); }
@@ -58,8 +51,10 @@ std::string FindFile(std::string_view folder, std::string_view name) {
   std::error_code error;
   if (fs::exists(named, error)) return ToText(named);
   std::optional<std::string> found;  // the name that differs in case
+  int entries = 0;
   for (auto entry = fs::directory_iterator(ToPath(folder), error); !error && entry != fs::directory_iterator();
        entry.increment(error)) {
+    if (++entries > kMostEntries) return ToText(named);
     const std::optional<std::string> entryName = NameOf(*entry);
     if (!entryName || !EqualIgnoringCase(*entryName, name)) continue;
     if (found) return ToText(named);
@@ -101,26 +96,25 @@ std::optional<std::string> ReadStart(const std::string& path, std::uintmax_t cou
   return file.ReadUpTo(count) ? std::optional(std::move(file).Bytes()) : std::nullopt;
 }
 
-IncrementalReader::IncrementalReader(const std::string& path) : file_(OpenPlainFile(path)) {
-  if (!file_.is_open()) return;
-  const auto end = static_cast<std::streamoff>(file_.seekg(0, std::ios::end).tellg());
-  file_.seekg(0);
-  if (end < 0)
-    file_.close();
-  else
-    size_ = static_cast<std::uintmax_t>(end);
-}
+IncrementalReader::IncrementalReader(const std::string& path) : file_(ToPath(path)) {}
 
 bool IncrementalReader::ReadUpTo(std::uintmax_t count) {
-  if (!file_.is_open()) return false;
+  if (!file_.IsOpen()) return false;
+  const auto wanted = static_cast<std::size_t>(std::min(count, Size()));
+  return wanted <= bytes_.size() || Append(wanted - bytes_.size());
+}
+
+bool IncrementalReader::ReadNext(std::size_t count) {
+  bytes_.clear();
+  return file_.IsOpen() && Append(count);
+}
+
+bool IncrementalReader::Append(std::size_t count) {
   const std::size_t known = bytes_.size();
-  const auto wanted = static_cast<std::size_t>(std::min(count, size_));
-  if (wanted <= known) return true;
-  bytes_.resize(wanted);
-  file_.read(bytes_.data() + known, static_cast<std::streamsize>(wanted - known));
-  if (file_.bad()) return false;
-  bytes_.resize(known + static_cast<std::size_t>(file_.gcount()));
-  return true;
+  bytes_.resize(known + count);
+  const std::optional<std::size_t> read = file_.Read(bytes_.data() + known, count);
+  bytes_.resize(known + read.value_or(0));
+  return read.has_value();
 }
 
 std::string TemporaryName() {
@@ -145,6 +139,6 @@ void RemoveStaleTemporaries(std::string_view folder) {
 
 namespace sorvex::ModFileExist {
 
-bool FileExists(const std::string& path) { return OpenPlainFile(path).is_open(); }
+bool FileExists(const std::string& path) { return PlainFile(ToPath(path)).IsOpen(); }
 
 }  // namespace sorvex::ModFileExist

@@ -3,12 +3,13 @@
 #pragma once
 
 #include <cstdint>
-#include <fstream>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
+
+#include "base/plain_file.h"
 
 namespace sorvex {
 
@@ -16,7 +17,7 @@ namespace sorvex {
 std::string JoinPath(std::string_view folder, std::string_view name);
 
 /// The path of the file `name` in `folder`: with `name` as given if that exists, else the only file whose name differs
-/// just in case. If there is no such file, or more than one, `name` as given.
+/// just in case. If there is no such file, or more than one, or the folder has over kMostEntries, `name` as given.
 std::string FindFile(std::string_view folder, std::string_view name);
 
 /// The names of the folders in `folder` (including links to folders and names that begin with a dot), in the file
@@ -38,16 +39,19 @@ class IncrementalReader {
  public:
   explicit IncrementalReader(const std::string& path);
   /// The file's size in bytes when it was opened; 0 if it could not be opened.
-  std::uintmax_t Size() const { return size_; }
+  std::uintmax_t Size() const { return file_.Size(); }
   /// Reads until Bytes() holds the file's first `count` bytes, or all of a shorter file. False if it cannot be opened
   /// or read.
   bool ReadUpTo(std::uintmax_t count);
+  /// Reads the next `count` bytes, or what is left, in place of those before: Bytes() holds only these.
+  bool ReadNext(std::size_t count);
   const std::string& Bytes() const& { return bytes_; }
   std::string Bytes() && { return std::move(bytes_); }
 
  private:
-  std::ifstream file_;
-  std::uintmax_t size_ = 0;
+  bool Append(std::size_t count);
+
+  PlainFile file_;
   std::string bytes_;
 };
 

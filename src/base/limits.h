@@ -8,6 +8,8 @@ namespace sorvex {
 
 /// Bytes of a text file, including the table of best times.
 inline constexpr std::uintmax_t kLongestText = 64 << 10;
+/// Files and folders of a folder in which names are found whatever their case, which takes looking at each.
+inline constexpr int kMostEntries = 1000;
 /// Bytes of a wave file.
 inline constexpr std::uintmax_t kLargestSound = 32 << 20;
 /// Pixels of all pictures of a theme together.

@@ -73,12 +73,13 @@ std::string WhyNoBitmap(std::string_view start) {
   if (kind) return "this is " + *kind + ", whatever its name says; save it as a Windows bitmap";
   if (!start.starts_with("BM")) return "not a Windows bitmap, which begins with the letters BM";
   return "its header is none that the game takes: sides from 1 to " + std::to_string(kLongestSide) +
-         " pixels, at most 32 bits a pixel";
+         " pixels, 1, 4, 8, 16, 24 or 32 bits a pixel";
 }
 
 std::string WhyBroken(const std::string& folder, const std::string& file) {
   const std::optional<DeclaredBitmap> declared = ReadBitmapHeaders(StartOf(folder, file));
-  const std::optional<std::string> bytes = declared ? ReadStart(FindFile(folder, file), declared->bytes) : std::nullopt;
+  const std::optional<std::string> bytes =
+      declared ? ReadStart(FindFile(folder, file), declared->mostBytes) : std::nullopt;
   if (!bytes) return "not a bitmap that can be read";
   const std::string size = std::to_string(declared->size.width) + " x " + std::to_string(declared->size.height);
   if (DeclaredSize(*bytes)) return "a form of bitmap that cannot be read; save it with 24 bits a pixel";

@@ -18,6 +18,7 @@ struct Header {
   std::uint32_t pixelOffset = 0;
   std::int64_t width = 0;
   std::int64_t height = 0;
+  bool topDown = false;
   std::uint32_t bitsPerPixel = 0;
   std::uint32_t compression = 0;
 
@@ -29,6 +30,10 @@ struct Header {
 std::uint32_t Byte(std::string_view bytes, std::size_t at) { return static_cast<std::uint8_t>(bytes[at]); }
 std::uint32_t Word(std::string_view bytes, std::size_t at) { return Byte(bytes, at) | Byte(bytes, at + 1) << 8; }
 std::uint32_t DoubleWord(std::string_view bytes, std::size_t at) { return Word(bytes, at) | Word(bytes, at + 2) << 16; }
+
+void PutNumber(std::string& bytes, std::size_t at, std::size_t size, std::uint32_t number) {
+  for (std::size_t i = 0; i < size; ++i) bytes[at + i] = static_cast<char>(number >> (8 * i) & 0xFF);
+}
 
 // Bytes before the pixel data: file header, info header of `size` bytes, masks and palette.
 std::uint32_t BytesOfHeaders(std::string_view bytes, std::uint32_t size, const Header& header) {
@@ -45,6 +50,13 @@ std::uint32_t BytesOfHeaders(std::string_view bytes, std::uint32_t size, const H
     end += colors * (size == coreHeader ? 3 : 4);
   }
   return end;
+}
+
+bool IsDepth(const Header& header) {
+  if (header.compression == kRle8) return header.bitsPerPixel == 8;
+  if (header.compression == kRle4) return header.bitsPerPixel == 4;
+  constexpr std::uint32_t depths[] = {1, 4, 8, 16, 24, 32};
+  return std::ranges::find(depths, header.bitsPerPixel) != std::end(depths);
 }
 
 // nullopt if the bytes hold no header, or one with sizes out of range.
@@ -64,37 +76,17 @@ std::optional<Header> ReadHeader(std::string_view bytes) {
     header.bitsPerPixel = Word(bytes, 24);
   } else if (size >= shortestInfoHeader) {
     header.width = static_cast<std::int32_t>(DoubleWord(bytes, 18));
-    // A negative height means top-down rows.
-    header.height = std::abs(std::int64_t{static_cast<std::int32_t>(DoubleWord(bytes, 22))});
+    const auto height = static_cast<std::int32_t>(DoubleWord(bytes, 22));
+    header.topDown = height < 0;
+    header.height = std::abs(std::int64_t{height});
     header.bitsPerPixel = Word(bytes, 28);
     if (size >= shortestWithCompression) header.compression = DoubleWord(bytes, 30);
   }
   const auto isSide = [](std::int64_t side) { return side >= 1 && side <= kLongestSide; };
-  if (!isSide(header.width) || !isSide(header.height) || header.bitsPerPixel > 32 ||
-      header.pixelOffset > kMaxPixelOffset)
+  if (!isSide(header.width) || !isSide(header.height) || !IsDepth(header) || header.pixelOffset > kMaxPixelOffset)
     return std::nullopt;
   header.pixelOffset = std::max(header.pixelOffset, BytesOfHeaders(bytes, size, header));
   return header;
-}
-
-// True if run-length encoded data (BI_RLE8, BI_RLE4) continues to its end code or past the last row.
-bool RunsReachTheEnd(std::string_view data, const Header& header) {
-  std::int64_t rows = 0;
-  for (std::size_t at = 0; at + 1 < data.size(); at += 2) {
-    if (Byte(data, at) != 0) continue;
-    const std::uint32_t code = Byte(data, at + 1);
-    if (code == 0 && ++rows >= header.height) return true;
-    if (code == 1) return true;
-    if (code == 2) {
-      if (at + 3 >= data.size()) return false;
-      rows += Byte(data, at + 3);
-      at += 2;
-    } else if (code > 2) {
-      const std::size_t literal = header.compression == kRle4 ? (code + 1) / 2 : code;
-      at += literal + literal % 2;
-    }
-  }
-  return false;
 }
 
 }  // namespace
@@ -102,24 +94,64 @@ bool RunsReachTheEnd(std::string_view data, const Header& header) {
 std::optional<DeclaredBitmap> ReadBitmapHeaders(std::string_view start) {
   const std::optional<Header> header = ReadHeader(start);
   if (!header) return std::nullopt;
-  // Run-length encoded data needs at most four bytes, the length of a delta, per pixel or line end.
-  constexpr std::int64_t longestCode = 4;
-  const std::int64_t pixels =
-      header->HasRuns() ? longestCode * (header->width + 1) * header->height : header->Stride() * header->height;
-  return DeclaredBitmap{{static_cast<int>(header->width), static_cast<int>(header->height)},
-                        header->pixelOffset + static_cast<std::uint64_t>(pixels)};
+  // In run-length encoded data, a pixel and a line end take at most two bytes each, unless skipped pixels alternate
+  // with drawn ones all over: then a picture without runs is smaller. It ends with a code of two bytes. In other data
+  // the last row needs no padding.
+  constexpr std::int64_t code = 2;
+  const std::int64_t most =
+      header->HasRuns() ? code * (header->width + 1) * header->height + code : header->Stride() * header->height;
+  const std::int64_t fewest =
+      header->HasRuns() ? code : header->Stride() * (header->height - 1) + (header->RowBits() + 7) / 8;
+  return DeclaredBitmap{.size = {static_cast<int>(header->width), static_cast<int>(header->height)},
+                        .mostBytes = header->pixelOffset + static_cast<std::uint64_t>(most),
+                        .fewestBytes = header->pixelOffset + static_cast<std::uint64_t>(fewest),
+                        .pixelOffset = header->pixelOffset,
+                        .rowBytes = static_cast<std::uint32_t>(header->Stride()),
+                        .topDown = header->topDown,
+                        .runBits = header->HasRuns() ? static_cast<int>(header->bitsPerPixel) : 0};
+}
+
+std::size_t RunScan::Follow(std::string_view data) {
+  std::size_t at = 0;
+  while (at + 1 < data.size() && !Ended()) {
+    const std::uint32_t count = Byte(data, at);
+    const std::uint32_t code = Byte(data, at + 1);
+    std::size_t length = 2;
+    if (count == 0 && code == 2) length += 2;
+    if (count == 0 && code > 2) length += (code * static_cast<std::uint32_t>(runBits_) + 15) / 16 * 2;
+    if (length > data.size() - at) break;
+    if (count == 0 && code == 0) --rowsLeft_;
+    if (count == 0 && code == 1) rowsLeft_ = 0;
+    if (count == 0 && code == 2) rowsLeft_ -= static_cast<int>(Byte(data, at + 3));
+    at += length;
+  }
+  return at;
 }
 
 std::optional<Size> DeclaredSize(std::string_view bytes) {
-  const std::optional<Header> header = ReadHeader(bytes);
-  if (!header || header->pixelOffset >= bytes.size()) return std::nullopt;
-  const std::string_view data = bytes.substr(header->pixelOffset);
-  // The last row needs no padding.
-  const std::int64_t needed = header->Stride() * (header->height - 1) + (header->RowBits() + 7) / 8;
-  const bool whole =
-      header->HasRuns() ? RunsReachTheEnd(data, *header) : static_cast<std::int64_t>(data.size()) >= needed;
-  if (!whole) return std::nullopt;
-  return Size{static_cast<int>(header->width), static_cast<int>(header->height)};
+  const std::optional<DeclaredBitmap> declared = ReadBitmapHeaders(bytes);
+  if (!declared || bytes.size() < declared->fewestBytes) return std::nullopt;
+  if (declared->runBits != 0) {
+    RunScan runs(*declared);
+    runs.Follow(bytes.substr(declared->pixelOffset));
+    if (!runs.Ended()) return std::nullopt;
+  }
+  return declared->size;
+}
+
+std::string BitmapOfRows(std::string_view headers, int rows, std::string_view data) {
+  constexpr std::size_t coreHeader = 12;
+  std::string bytes;
+  bytes.reserve(headers.size() + data.size());
+  bytes.append(headers).append(data);
+  if (DoubleWord(bytes, 14) == coreHeader) {
+    PutNumber(bytes, 20, 2, static_cast<std::uint32_t>(rows));
+  } else {
+    const bool topDown = DoubleWord(bytes, 22) >> 31 != 0;
+    PutNumber(bytes, 22, 4, static_cast<std::uint32_t>(topDown ? -rows : rows));
+    if (DoubleWord(bytes, 14) >= 24) PutNumber(bytes, 34, 4, 0);  // the length of the data, which need not be said
+  }
+  return bytes;
 }
 
 void CompleteBitmap(std::string& bytes) {
@@ -129,7 +161,7 @@ void CompleteBitmap(std::string& bytes) {
     const std::uint64_t whole = header->pixelOffset + static_cast<std::uint64_t>(header->Stride() * header->height);
     if (bytes.size() < whole) bytes.resize(static_cast<std::size_t>(whole));
   }
-  for (std::size_t i = 0; i < 4; ++i) bytes[10 + i] = static_cast<char>(header->pixelOffset >> (8 * i) & 0xFF);
+  PutNumber(bytes, 10, 4, header->pixelOffset);
 }
 
 }  // namespace sorvex

@@ -72,43 +72,110 @@ std::optional<std::string> ReadText(const std::string& folder, const std::string
   return std::nullopt;
 }
 
-// Reads the bitmaps of one theme and limits their total number of pixels.
-class BitmapReader {
+// Reads the bitmaps of one theme and limits their total number of pixels. All are checked before any is decoded, so
+// that refusing a theme costs neither the memory nor the time of its pictures.
+class PictureReader {
  public:
-  BitmapReader(std::string folder, FaultSink report) : folder_(std::move(folder)), report_(std::move(report)) {}
+  PictureReader(std::string folder, FaultSink report) : folder_(std::move(folder)), report_(std::move(report)) {}
 
-  // Reports a fault and returns nullopt if the bitmap cannot be used.
-  std::optional<Bitmap> Read(const std::string& name) {
-    IncrementalReader file(FindFile(folder_, name));
+  // Checks the bitmap, and reports a fault if it cannot be used. Otherwise Decode sets `picture` to what `make` makes
+  // of it.
+  void Check(Picture& picture, const std::string& name, Picture (*make)(Bitmap)) {
+    const std::string path = FindFile(folder_, name);
+    IncrementalReader file(path);
     if (!file.ReadUpTo(kBitmapHeaders))
-      return Refuse("missing-file", name, "not found, or not a file that can be opened");
+      return report_({"missing-file", name, 0, "not found, or not a file that can be opened"});
     const std::optional<DeclaredBitmap> declared = ReadBitmapHeaders(file.Bytes());
-    if (!declared) return Refuse("not-a-bitmap", name, kNotReadable);
-    const std::int64_t pixels = std::int64_t{declared->size.width} * declared->size.height;
+    if (!declared) return report_({"not-a-bitmap", name, 0, kNotReadable});
+    const std::int64_t pixels = PixelsOf(declared->size);
     if (pixels > pixelsLeft_)
-      return Refuse(
-          "too-many-pixels", name,
-          "the pictures of a theme may have " + std::to_string(kMostPixels / 1'000'000) + " million pixels in all");
+      return report_(
+          {"too-many-pixels", name, 0,
+           "the pictures of a theme may have " + std::to_string(kMostPixels / 1'000'000) + " million pixels in all"});
     pixelsLeft_ -= pixels;
-    // Data after the pixels is not read.
-    if (!file.ReadUpTo(declared->bytes) || DeclaredSize(file.Bytes()) != declared->size)
-      return Refuse("broken-bitmap", name, kNotReadable);
-    std::string bytes = std::move(file).Bytes();
-    CompleteBitmap(bytes);
-    std::optional<Bitmap> bitmap = DecodeBitmap(bytes);
-    return bitmap ? std::move(bitmap) : Refuse("broken-bitmap", name, kNotReadable);
+    if (file.Size() < declared->fewestBytes || (declared->runBits != 0 && !RunsEnd(file, *declared)))
+      return report_({"broken-bitmap", name, 0, kNotReadable});
+    checked_.push_back({&picture, name, path, *declared, make});
+  }
+
+  // The smallest first: the decoder may still refuse one.
+  void Decode() {
+    std::ranges::stable_sort(checked_, {}, [](const Checked& bitmap) { return PixelsOf(bitmap.declared.size); });
+    for (const Checked& bitmap : checked_) {
+      std::optional<Bitmap> pixels = DecodeFile(bitmap);
+      if (pixels)
+        *bitmap.picture = bitmap.make(*std::move(pixels));
+      else
+        report_({"broken-bitmap", bitmap.name, 0, kNotReadable});
+    }
   }
 
  private:
+  struct Checked {
+    Picture* picture;
+    std::string name;
+    std::string path;
+    DeclaredBitmap declared;
+    Picture (*make)(Bitmap);
+  };
   static constexpr char kNotReadable[] = "not a bitmap that can be read";
 
-  std::nullopt_t Refuse(std::string_view code, const std::string& name, const std::string& reason) {
-    report_({code, name, 0, reason});
-    return std::nullopt;
+  static std::int64_t PixelsOf(Size size) { return std::int64_t{size.width} * size.height; }
+
+  // Keeps little of the file in memory.
+  static bool RunsEnd(IncrementalReader& file, const DeclaredBitmap& declared) {
+    constexpr std::size_t pieceSize = 1 << 16;
+    if (!file.ReadUpTo(declared.fewestBytes) || file.Bytes().size() < declared.fewestBytes) return false;
+    RunScan runs(declared);
+    std::string codes = file.Bytes().substr(declared.pixelOffset);
+    codes.erase(0, runs.Follow(codes));
+    for (std::uint64_t at = declared.pixelOffset; at < declared.mostBytes && !runs.Ended(); at += pieceSize) {
+      if (!file.ReadNext(pieceSize) || file.Bytes().empty()) return false;
+      codes += file.Bytes();
+      codes.erase(0, runs.Follow(codes));
+    }
+    return runs.Ended();
+  }
+
+  // The file may have changed since it was checked. Data after the pixels is not read.
+  static std::optional<Bitmap> DecodeFile(const Checked& bitmap) {
+    IncrementalReader file(bitmap.path);
+    return bitmap.declared.runBits != 0 ? DecodeRuns(file, bitmap.declared) : DecodeRows(file, bitmap.declared);
+  }
+
+  static std::optional<Bitmap> DecodeRuns(IncrementalReader& file, const DeclaredBitmap& declared) {
+    if (!file.ReadUpTo(declared.mostBytes)) return std::nullopt;
+    return DecodeBytes(std::move(file).Bytes(), declared.size);
+  }
+
+  // Decodes a few rows at a time: some decoders need several times the memory of the pixels.
+  static std::optional<Bitmap> DecodeRows(IncrementalReader& file, const DeclaredBitmap& declared) {
+    constexpr int pixelsAtOnce = 1 << 17;
+    if (!file.ReadUpTo(declared.pixelOffset) || file.Bytes().size() < declared.pixelOffset) return std::nullopt;
+    const std::string headers = file.Bytes();
+    const auto [width, height] = declared.size;
+    const int rowsAtOnce = std::max(1, pixelsAtOnce / width);
+    Bitmap whole = Bitmap::Uninitialized(declared.size);
+    for (int done = 0; done < height; done += rowsAtOnce) {
+      const int rows = std::min(rowsAtOnce, height - done);
+      if (!file.ReadNext(std::size_t{declared.rowBytes} * static_cast<std::size_t>(rows))) return std::nullopt;
+      std::optional<Bitmap> strip = DecodeBytes(BitmapOfRows(headers, rows, file.Bytes()), {width, rows});
+      if (!strip || rows == height) return strip;
+      std::ranges::copy(strip->Pixels(), whole.Row(declared.topDown ? done : height - done - rows));
+    }
+    return whole;
+  }
+
+  static std::optional<Bitmap> DecodeBytes(std::string bytes, Size size) {
+    if (DeclaredSize(bytes) != size) return std::nullopt;
+    CompleteBitmap(bytes);
+    std::optional<Bitmap> bitmap = DecodeBitmap(bytes);
+    return bitmap && bitmap->Extent() == size ? std::move(bitmap) : std::nullopt;
   }
 
   std::string folder_;
   FaultSink report_;
+  std::vector<Checked> checked_;
   std::int64_t pixelsLeft_ = kMostPixels;
 };
 
@@ -231,31 +298,24 @@ bool IsComplete(const std::string& folder) {
 Theme ReadTheme(const std::string& folder, const FaultSink& report) {
   Theme theme;
   if (const auto text = ReadText(folder, kItemsFile, report)) theme.items = ParseItems(*text, report);
-  BitmapReader bitmaps(folder, report);
-  const auto picture = [&](const std::string& name) {
-    std::optional<Bitmap> pixels = bitmaps.Read(name);
-    return pixels ? MakePicture(*std::move(pixels)) : nullptr;
-  };
-  const auto mask = [&](const std::string& name) {
-    std::optional<Bitmap> pixels = bitmaps.Read(name);
-    return pixels ? MakeMask(*std::move(pixels)) : nullptr;
-  };
-  for (Long n = 0; n <= theme.items.LastItem; ++n) {
+  PictureReader pictures(folder, report);
+  theme.pictures.resize(static_cast<std::size_t>(theme.items.LastItem + 1));
+  for (std::size_t n = 0; n < theme.pictures.size(); ++n) {
     const std::string file = std::to_string(n) + ".bmp";
-    ItemPictures pictures;
-    pictures.item = picture("ss" + file);
-    pictures.itemMask = mask("sm" + file);
-    pictures.container = picture("cs" + file);
-    pictures.containerMask = mask("cm" + file);
-    theme.pictures.push_back(std::move(pictures));
+    ItemPictures& item = theme.pictures[n];
+    pictures.Check(item.item, "ss" + file, MakePicture);
+    pictures.Check(item.itemMask, "sm" + file, MakeMask);
+    pictures.Check(item.container, "cs" + file, MakePicture);
+    pictures.Check(item.containerMask, "cm" + file, MakeMask);
   }
-  theme.background = picture("bg.bmp");
-  if (theme.background) theme.background2 = MakeTwin(theme.background);
+  pictures.Check(theme.background, "bg.bmp", MakePicture);
   if (const auto text = ReadText(folder, kTargetFile, report)) theme.target = ParseTarget(*text, report);
-  theme.targetPicture = picture("pS.bmp");
-  theme.targetMask = mask("pM.bmp");
+  pictures.Check(theme.targetPicture, "pS.bmp", MakePicture);
+  pictures.Check(theme.targetMask, "pM.bmp", MakeMask);
   if (ModFileExist::FileExists(FindFile(folder, kDetailsFile)))
     if (const auto text = ReadText(folder, kDetailsFile, report)) theme.details = ParseDetails(*text);
+  pictures.Decode();
+  if (theme.background) theme.background2 = MakeTwin(theme.background);
   return theme;
 }
 

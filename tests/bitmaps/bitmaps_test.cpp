@@ -84,7 +84,7 @@ const Kind kKinds[] = {
 TEST(Bitmaps, OfEveryDepthAreReadToThePixel) {
   for (const Kind& kind : kKinds) {
     ASSERT_EQ(DeclaredSize(kind.file), (Size{3, 2})) << kind.what;
-    std::string bytes = kind.file.substr(0, static_cast<std::size_t>(ReadBitmapHeaders(kind.file)->bytes));
+    std::string bytes = kind.file.substr(0, static_cast<std::size_t>(ReadBitmapHeaders(kind.file)->mostBytes));
     CompleteBitmap(bytes);
     const std::optional<Bitmap> bitmap = DecodeBitmap(bytes);
     ASSERT_TRUE(bitmap) << kind.what;
@@ -145,7 +145,7 @@ TEST(Bitmaps, OfOthersLookAsTheirReferences) {
     // As a theme's loading has it: without what stands behind the pixels.
     std::string bytes = ReadWholeFile(folder / listed.file);
     if (const auto declared = ReadBitmapHeaders(bytes))
-      bytes.resize(std::min<std::size_t>(bytes.size(), declared->bytes));
+      bytes.resize(std::min<std::size_t>(bytes.size(), declared->mostBytes));
     const std::optional<Bitmap> bitmap = DeclaredSize(bytes) ? DecodeBitmap(bytes) : std::nullopt;
     if (!bitmap) {
       EXPECT_FALSE(isGood) << listed.file;

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include "base/limits.h"
 #include "support/temp_folder.h"
 
 namespace sorvex {
@@ -20,6 +21,10 @@ TEST(Files, AreFoundInAnotherCaseUnlessTwoCompeteAndReadWholeUpToALimit) {
   EXPECT_EQ(found(), named("THEME.INI"));
   EXPECT_EQ(ReadFile(found(), 4), "a\0\r\n"s);
   EXPECT_EQ(ReadFile(found(), 3), std::nullopt);
+  std::vector<std::string> others;
+  for (int i = 0; i < kMostEntries; ++i) WriteFile(others.emplace_back(named(std::to_string(i).c_str())), "");
+  EXPECT_EQ(found(), named("Theme.ini")) << "a search of so many could take seconds";
+  for (const std::string& other : others) std::filesystem::remove(other);
   WriteFile(named("theme.ini"), "b");
   EXPECT_EQ(found(), named("Theme.ini")) << "neither may be guessed at";
   WriteFile(named("Theme.ini"), "c");

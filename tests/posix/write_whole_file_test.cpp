@@ -2,13 +2,11 @@
 // A saved file is the old one or the new one, whatever stands in the way.
 #include "platform/posix/write_whole_file.h"
 
-#include <grp.h>
 #include <gtest/gtest.h>
 #include <sched.h>
 #include <sys/mount.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
 #include <sys/xattr.h>
 #include <unistd.h>
 
@@ -16,10 +14,10 @@
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
-#include <functional>
 #include <vector>
 
 #include "base/runtime_error.h"
+#include "posix/child.h"
 #include "support/temp_folder.h"
 
 namespace sorvex {
@@ -27,7 +25,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr uid_t kNobody = 65534;
 constexpr int kCannotTry = 200;
 constexpr int kDamaged = 201;
 
@@ -38,20 +35,6 @@ int ErrorOfWriting(const fs::path& path, std::string_view bytes) {
   } catch (const RuntimeError& error) {
     return error.Number();
   }
-}
-
-// What `run` returned in a process of its own, whose user and limits it may change.
-int InChild(const std::function<int()>& run) {
-  const pid_t child = ::fork();
-  if (child == 0) ::_exit(run());
-  int status = 0;
-  ::waitpid(child, &status, 0);
-  return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-}
-
-// Permissions of folders do not bind root.
-bool BecomeOrdinaryUser() {
-  return ::geteuid() != 0 || (::setgroups(0, nullptr) == 0 && ::setgid(kNobody) == 0 && ::setuid(kNobody) == 0);
 }
 
 std::ptrdiff_t FilesIn(const fs::path& folder) { return std::distance(fs::directory_iterator(folder), {}); }
@@ -136,9 +119,8 @@ TEST(UpdatingAFile, LosesNothingOfOthersThatUpdateItAtOnce) {
     return 0;
   };
   std::vector<pid_t> programs(4);
-  for (pid_t& program : programs)
-    if ((program = ::fork()) == 0) ::_exit(addTwenty());
-  for (const pid_t program : programs) ::waitpid(program, nullptr, 0);
+  for (pid_t& program : programs) program = StartChild(addTwenty);
+  for (const pid_t program : programs) EXPECT_EQ(StatusOf(program), 0);
   EXPECT_EQ(ReadWholeFile(path).size(), 80U);
   EXPECT_EQ(FilesIn(folder.Path()), 1);
 }

@@ -7,13 +7,17 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <functional>
 
+#include "base/limits.h"
 #include "base/runtime_error.h"
 #include "highscores/highscore_table.h"
 #include "highscores/panel.h"
 #include "platform/desktop_properties.h"
 #include "platform/win32/write_whole_file.h"
 #include "support/temp_folder.h"
+#include "support/theme_folder.h"
+#include "themes/theme_files.h"
 #include "win32/the_desktop.h"
 
 namespace sorvex {
@@ -109,6 +113,64 @@ TEST(WritingAFile, RefusesWhatIsNotAWritableFileAndLeavesItAlone) {
   EXPECT_EQ(std::distance(fs::directory_iterator(root), {}), 5) << "nothing is left beside them";
   ::CloseHandle(use);
   ::SetFileAttributesW((root / "read-only").c_str(), FILE_ATTRIBUTE_NORMAL);
+}
+
+// What reading the theme says, which it has to say at once.
+std::string RefusalOf(const fs::path& theme) {
+  const DWORD begin = ::GetTickCount();
+  std::string refusal;
+  try {
+    ReadTheme(Text(theme));
+  } catch (const ThemeError& error) {
+    refusal = error.what();
+  }
+  EXPECT_LT(::GetTickCount() - begin, 500U);
+  return refusal;
+}
+
+TEST(AHostileFile, IsNamedAtOnceInEveryRole) {
+  const TempFolder folder;
+  const fs::path theme = folder.Path() / "Theme1";
+  const std::tuple<const char*, std::function<void(const fs::path&)>, bool> kinds[] = {
+      // whether text files are refused too
+      {"folder", [](const fs::path& file) { fs::create_directory(file); }, true},
+      {"liar", [](const fs::path& file) { WriteFile(file, "BM" + std::string(kLongestText, '\xFF')); }, true},
+      {"cut", [](const fs::path& file) { WriteFile(file, "BM"); }, true},
+      {"empty", [](const fs::path& file) { WriteFile(file, ""); }, false}};
+  for (const char* role : {"Theme.ini", "Theme2.ini", "bg.bmp", "pS.bmp", "pM.bmp", "ss1.bmp", "sm1.bmp", "cs1.bmp",
+                           "cm1.bmp", "ThemeDetails.ini"}) {
+    WriteTheme(folder.Path(), CupTheme(2));
+    const bool isPicture = std::string_view(role).ends_with(".bmp");
+    for (const auto& [what, make, isBadText] : kinds) {
+      fs::remove_all(theme / role);
+      make(theme / role);
+      const std::string refusal = RefusalOf(theme);
+      if (isPicture || (isBadText && role != std::string_view("ThemeDetails.ini"))) {
+        EXPECT_TRUE(refusal.starts_with(role)) << role << ", " << what << ": " << refusal;
+      }
+    }
+    fs::remove_all(theme / role);
+    WriteTheme(folder.Path(), CupTheme(2));
+    if (!fs::exists(theme / role)) continue;
+    const HANDLE use =
+        ::CreateFileW((theme / role).c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+    EXPECT_TRUE(RefusalOf(theme).starts_with(role)) << "in use by another program";
+    ::CloseHandle(use);
+    EXPECT_EQ(RefusalOf(theme), "");
+  }
+}
+
+TEST(ADevice, IsNoFileAndNothingWaitsForIt) {
+  const TempFolder folder;
+  const HANDLE pipe = ::CreateNamedPipeW(L"\\\\.\\pipe\\sorvex-test", PIPE_ACCESS_DUPLEX, 0, 1, 0, 0, 0, nullptr);
+  EXPECT_NE(pipe, INVALID_HANDLE_VALUE);
+  const DWORD begin = ::GetTickCount();
+  for (const char* name : {"NUL", "CON", "CONIN$", "COM1", "LPT1", "AUX", "PRN", "NUL.bmp"})
+    for (const std::string& path : {std::string(name), Text(folder.Path() / name), "\\\\.\\" + std::string(name)})
+      EXPECT_EQ(ReadFile(path, 100000), std::nullopt) << path;
+  EXPECT_EQ(ReadFile("\\\\.\\pipe\\sorvex-test", 100000), std::nullopt);
+  EXPECT_LT(::GetTickCount() - begin, 500U);
+  ::CloseHandle(pipe);
 }
 
 }  // namespace

@@ -220,7 +220,7 @@ bool ReplaceFile(const fs::path& target, const std::optional<struct stat>& old, 
 }
 
 void OverwriteFile(const fs::path& target, off_t oldSize, std::string_view bytes) {
-  const File file(target, O_WRONLY);
+  const File file(target, O_WRONLY | O_NONBLOCK);  // not to wait at a pipe that was put there
   if (!file.IsOpen()) throw ErrorOf(errno);
   const auto newSize = static_cast<off_t>(bytes.size());
   if (newSize > oldSize) {

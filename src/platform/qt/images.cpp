@@ -29,11 +29,17 @@ QImage ViewOf(Bitmap& bitmap) {
 }
 
 Bitmap CopyOf(const QImage& image) {
-  const QImage opaque = image.convertToFormat(QImage::Format_RGB32);
-  Bitmap copy({opaque.width(), opaque.height()});
-  for (int y = 0; y < copy.Height(); ++y) {
-    const auto* row = reinterpret_cast<const Pixel*>(opaque.constScanLine(y));
-    std::transform(row, row + copy.Width(), copy.Row(y), [](Pixel pixel) { return kBlack | pixel; });
+  // Converted a few rows at a time, so that the pixels are not in memory twice.
+  constexpr int kPixelsAtOnce = 1 << 16;
+  Bitmap copy = Bitmap::Uninitialized({image.width(), image.height()});
+  const int rowsAtOnce = std::max(1, kPixelsAtOnce / std::max(1, image.width()));
+  for (int top = 0; top < copy.Height(); top += rowsAtOnce) {
+    const int rows = std::min(rowsAtOnce, copy.Height() - top);
+    const QImage opaque = image.copy(0, top, image.width(), rows).convertToFormat(QImage::Format_RGB32);
+    for (int y = 0; y < rows; ++y) {
+      const auto* row = reinterpret_cast<const Pixel*>(opaque.constScanLine(y));
+      std::transform(row, row + copy.Width(), copy.Row(top + y), [](Pixel pixel) { return kBlack | pixel; });
+    }
   }
   return copy;
 }
@@ -107,23 +113,77 @@ class BmpReader {
   QImageReader reader_{&buffer_, "BMP"};
 };
 
-// Run-length encoding may skip pixels, which the decoder does not write. To find them, decode twice, onto zeros and
-// onto ones: pixels that differ were skipped, and become black.
-std::optional<Bitmap> ReadRuns(std::string_view bytes, QSize size) {
-  QImage onZeros(size, QImage::Format_Indexed8);
-  QImage onOnes(size, QImage::Format_Indexed8);
-  onZeros.fill(0);
-  onOnes.fill(0xFF);
-  if (!BmpReader(bytes).Read(onZeros) || !BmpReader(bytes).Read(onOnes)) return std::nullopt;
-  Bitmap pixels = CopyOf(onZeros);
-  for (int y = 0; y < pixels.Height(); ++y) {
-    const uchar* zeros = onZeros.constScanLine(y);
-    const uchar* ones = onOnes.constScanLine(y);
-    for (int x = 0; x < pixels.Width(); ++x)
-      if (zeros[x] != ones[x]) pixels.Row(y)[x] = kBlack;
+// Decodes run-length encoded pixels (BI_RLE8, BI_RLE4) itself: Qt leaves pixels that the runs skip uninitialized, here
+// they are black, and it takes seconds for long files.
+class RunReader {
+ public:
+  RunReader(std::string_view bytes, QSize size)
+      : halfBytes_(InfoHeader(bytes).compression == 2),
+        topDown_(DoubleWord(bytes, 22) >> 31 != 0),
+        data_(bytes.substr(std::min<std::size_t>(DoubleWord(bytes, 10), bytes.size()))),
+        pixels_({size.width(), size.height()}) {
+    const std::size_t palette = 14 + std::size_t{DoubleWord(bytes, 14)};
+    const std::uint32_t used = DoubleWord(bytes, 46);  // 0: all that a pixel can name
+    colors_.fill(kBlack);
+    for (std::size_t i = 0; i < colors_.size() && (used == 0 || i < used) && palette + 4 * i + 4 <= bytes.size(); ++i)
+      colors_[i] |= DoubleWord(bytes, palette + 4 * i) & 0xFFFFFF;
   }
-  return pixels;
-}
+
+  Bitmap Read() && {
+    while (data_.size() >= 2 && y_ < pixels_.Height()) {
+      const int count = Take();
+      const int code = Take();
+      if (count > 0) {
+        Put(count, [this, code](int i) { return Index(code, i); });
+      } else if (code == 0) {  // end of line
+        x_ = 0;
+        ++y_;
+      } else if (code == 1) {  // end of bitmap
+        break;
+      } else if (code == 2) {  // delta
+        if (data_.size() < 2) break;
+        x_ = std::min(x_ + Take(), pixels_.Width());
+        y_ += Take();
+      } else {
+        PutLiterals(code);
+      }
+    }
+    return std::move(pixels_);
+  }
+
+ private:
+  int Take() {
+    const auto byte = static_cast<std::uint8_t>(data_.front());
+    data_.remove_prefix(1);
+    return byte;
+  }
+  int Index(int byte, int i) const { return !halfBytes_ ? byte : i % 2 == 0 ? byte >> 4 : byte & 0xF; }
+
+  // Up to `count` pixels, as many as the row has room for.
+  template <class IndexOf>
+  void Put(int count, IndexOf indexOf) {
+    Pixel* const row = pixels_.Row(topDown_ ? y_ : pixels_.Height() - 1 - y_);
+    const int drawn = std::min(count, pixels_.Width() - x_);
+    for (int i = 0; i < drawn; ++i) row[x_++] = colors_[static_cast<std::size_t>(indexOf(i))];
+  }
+
+  void PutLiterals(int count) {
+    const auto bytes = static_cast<std::size_t>(halfBytes_ ? (count + 1) / 2 : count);
+    const std::string_view literals = data_.substr(0, bytes);
+    const int perByte = halfBytes_ ? 2 : 1;
+    Put(std::min(count, static_cast<int>(literals.size()) * perByte),
+        [&](int i) { return Index(static_cast<std::uint8_t>(literals[static_cast<std::size_t>(i / perByte)]), i); });
+    data_.remove_prefix(std::min(bytes + bytes % 2, data_.size()));
+  }
+
+  bool halfBytes_;
+  bool topDown_;
+  std::string_view data_;
+  Bitmap pixels_;
+  std::array<Pixel, 256> colors_;
+  int x_ = 0;
+  int y_ = 0;
+};
 
 std::optional<Bitmap> ReadRows(std::string_view bytes, QSize size) {
   Bitmap pixels = Bitmap::Uninitialized({size.width(), size.height()});
@@ -139,7 +199,7 @@ std::optional<Bitmap> ReadRows(std::string_view bytes, QSize size) {
 std::optional<Bitmap> DecodeBitmap(std::string_view bytes) {
   const QSize size = BmpReader(bytes).Size();
   if (size.isEmpty()) return std::nullopt;
-  if (IsRunLengthEncoded(bytes)) return ReadRuns(bytes, size);
+  if (IsRunLengthEncoded(bytes)) return RunReader(bytes, size).Read();
   std::optional<Bitmap> pixels = ReadRows(bytes, size);
   const auto bits = pixels ? ChannelBits(bytes) : std::nullopt;
   if (bits) WidenChannels(*pixels, *bits);

@@ -6,10 +6,10 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <cstdint>
 #include <string_view>
 
 #include "base/limits.h"
+#include "base/plain_file.h"
 #include "platform/win32/program_path.h"
 #include "platform/win32/text.h"
 #include "platform/win32/win32_desktop.h"
@@ -33,12 +33,10 @@ std::string AnsiPath(const std::string& path) {
   return ToAnsi(FromWide(name));
 }
 
-// True for folders, devices and files over the size limit, which the system would read completely.
+// True for what is no file, and for files over the size limit, which the system would read completely.
 bool IsNoSound(const std::string& path) {
-  WIN32_FILE_ATTRIBUTE_DATA found{};
-  if (::GetFileAttributesExW(ToWide(path).c_str(), GetFileExInfoStandard, &found) == 0) return false;
-  const std::uintmax_t size = std::uintmax_t{found.nFileSizeHigh} << 32 | found.nFileSizeLow;
-  return (found.dwFileAttributes & (FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_DEVICE)) != 0 || size > kLargestSound;
+  const PlainFile file(ToWide(path));
+  return !file.IsOpen() || file.Size() > kLargestSound;
 }
 
 }  // namespace
@@ -52,7 +50,7 @@ ScreenPoint Win32Desktop::PointerPosition() {
 }
 
 void Win32Desktop::PlayWave(const std::string& path) {
-  // The system plays this default sound for missing files, too.
+  // The sound that the system plays for missing files.
   const std::string sound = IsNoSound(path) ? "SystemDefault" : AnsiPath(path);
   ::sndPlaySoundA(sound.c_str(), SND_ASYNC);
 }
