@@ -155,10 +155,13 @@ TEST_P(KilledSaves, LeaveAWholeTableWithEveryTimeWhoseSaveReturned) {
 
 INSTANTIATE_TEST_SUITE_P(ReplacedAndInPlace, KilledSaves, testing::Values(mode_t{0777}, mode_t{0555}));
 
-// As `chattr` does; false where the file system has no such flags or the user may not set them.
+// As `chattr` does, with no flag to clear them; false where the file system has none or the user may not set them.
 bool SetFlag(const fs::path& path, int flag) {
   const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
-  const bool set = ::ioctl(file, FS_IOC_SETFLAGS, &flag) == 0;
+  int flags = 0;
+  const bool known = ::ioctl(file, FS_IOC_GETFLAGS, &flags) == 0;
+  flags = (flags & ~(FS_IMMUTABLE_FL | FS_APPEND_FL)) | flag;
+  const bool set = known && ::ioctl(file, FS_IOC_SETFLAGS, &flags) == 0;
   ::close(file);
   return set;
 }
