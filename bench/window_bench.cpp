@@ -147,7 +147,7 @@ class Stage {
   TempFolder home_;
 
  public:
-  Player player{display_};
+  Player player{display_, true};
 };
 
 void CopyProgram(const std::filesystem::path& to) {

@@ -94,12 +94,12 @@ std::optional<Header> ReadHeader(std::string_view bytes) {
 std::optional<DeclaredBitmap> ReadBitmapHeaders(std::string_view start) {
   const std::optional<Header> header = ReadHeader(start);
   if (!header) return std::nullopt;
-  // In run-length encoded data, a pixel and a line end take at most two bytes each, unless skipped pixels alternate
-  // with drawn ones all over: then a picture without runs is smaller. It ends with a code of two bytes. In other data
-  // the last row needs no padding.
+  // In run-length encoded data, a pixel or a line end takes at most four bytes, the length of a delta. It ends with a
+  // code of two bytes. In other data the last row needs no padding.
+  constexpr std::int64_t delta = 4;
   constexpr std::int64_t code = 2;
   const std::int64_t most =
-      header->HasRuns() ? code * (header->width + 1) * header->height + code : header->Stride() * header->height;
+      header->HasRuns() ? delta * (header->width + 1) * header->height + code : header->Stride() * header->height;
   const std::int64_t fewest =
       header->HasRuns() ? code : header->Stride() * (header->height - 1) + (header->RowBits() + 7) / 8;
   return DeclaredBitmap{.size = {static_cast<int>(header->width), static_cast<int>(header->height)},

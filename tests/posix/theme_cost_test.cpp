@@ -98,12 +98,10 @@ constexpr std::uintmax_t kPixels = std::uintmax_t{kSide} * kSide;
 Change Background(std::uint32_t bits, std::uint32_t compression = 0) {
   return Sparse("bg.bmp", Header(kSide, kSide, bits, compression), 100'000 + kPixels * bits / 8);
 }
-// As many runs as are read.
-Change Runs(const std::string& end) {
+Change Runs(std::size_t bytes, const std::string& end) {
   return [=](const fs::path& folder) {
     const std::string palette(1024, '\0');
-    WriteRepeated(folder / "bg.bmp", Header(kSide, kSide, 8, 1, 1078) + palette, std::string("\1\0", 2), 2 * kPixels,
-                  end);
+    WriteRepeated(folder / "bg.bmp", Header(kSide, kSide, 8, 1, 1078) + palette, std::string("\1\0", 2), bytes, end);
   };
 }
 // All pictures but two are large.
@@ -122,11 +120,11 @@ TEST(AThemesCost, IsBoundedWhateverItsFilesSay) {
   const std::tuple<const char*, Change, bool> cases[] = {
       {"32 bits", Background(32), kAccepted},
       {"8 bits", Background(8), kAccepted},
-      {"runs", Runs(end), kAccepted},
+      {"runs", Runs(4 * kPixels, end), kAccepted},
       {"masks", EnlargeMasks, kAccepted},
-      {"runs without an end", Runs(""), kRefused},
+      {"runs without an end", Runs(4 * kPixels, ""), kRefused},
       {"32 bits, one missing", Both(Background(32), RemoveTarget), kRefused},
-      {"runs, one missing", Both(Runs(end), RemoveTarget), kRefused},
+      {"runs, one missing", Both(Runs(4 * kPixels, end), RemoveTarget), kRefused},
       {"8 bits, one cut", Both(Background(8), Sparse("pS.bmp", Header(9, 9, 24), 60)), kRefused},
       {"32 bits, one that the decoder refuses",
        Both(Background(32), Sparse("pS.bmp", Header(9, 9, 8, 0, 54, 99999), 5000)), kRefused},
