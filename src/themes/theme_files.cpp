@@ -299,7 +299,8 @@ Theme ReadTheme(const std::string& folder, const FaultSink& report) {
   Theme theme;
   if (const auto text = ReadText(folder, kItemsFile, report)) theme.items = ParseItems(*text, report);
   PictureReader pictures(folder, report);
-  theme.pictures.resize(static_cast<std::size_t>(theme.items.LastItem + 1));
+  const Long count = theme.items.LastItem + 1;
+  theme.pictures.resize(static_cast<std::size_t>(count));
   for (std::size_t n = 0; n < theme.pictures.size(); ++n) {
     const std::string file = std::to_string(n) + ".bmp";
     ItemPictures& item = theme.pictures[n];
