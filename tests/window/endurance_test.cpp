@@ -86,6 +86,7 @@ TEST(WindowEndurance, AfterManyGamesNoMoreIsHeldThanAfterTheFirst) {
   sitting.Open();
   constexpr int kFirst = 4;
   constexpr std::size_t kWavering = 1024 * 1024;
+  constexpr std::size_t kWaveringDescriptors = 8;  // of the system's sounds; one a game would be 24
   const char* wanted = std::getenv("SORVEX_GAMES");
   const int rounds = std::max((wanted == nullptr ? 36 : std::atoi(wanted)) / 3, kFirst + 1);
   Held first{0, 0};
@@ -98,7 +99,7 @@ TEST(WindowEndurance, AfterManyGamesNoMoreIsHeldThanAfterTheFirst) {
   std::printf("%d games: %zu KiB and %zu descriptors after %d, %zu KiB and %zu at the end\n", 3 * rounds,
               first.memory / 1024, first.descriptors, 3 * kFirst, last.memory / 1024, last.descriptors);
   EXPECT_LT(last.memory, first.memory + kWavering);
-  EXPECT_LE(last.descriptors, first.descriptors);
+  EXPECT_LT(last.descriptors, first.descriptors + kWaveringDescriptors);
 }
 
 }  // namespace
