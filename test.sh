@@ -20,6 +20,5 @@ ctest --preset dev
 cmake --preset asan
 cmake --build --preset asan
 ctest --preset asan
-cmake --preset fuzz
 cmake --build --preset fuzz
 ctest --preset fuzz

@@ -1,7 +1,7 @@
 #!/bin/sh
 # SPDX-License-Identifier: MIT
 # Holds the code to its habits: architecture (always), formatting and lint (unless called with --architecture; they
-# need clang-format, clang-tidy, mingw, and build/dev and build/windows-x86_64 configured). Prints what is wrong; exits 1
+# need clang-format, clang-tidy, mingw, and dev and both programs for Windows built). Prints what is wrong; exits 1
 # when anything is, or when a tool is missing.
 set -u
 cd "$(dirname "$0")/.."
@@ -34,8 +34,8 @@ if [ "${1-}" != --architecture ]; then
   for tool in clang-format clang-tidy $mingw; do
     command -v $tool >/dev/null || complain "A tool is missing (./test.sh installs it):" "$tool"
   done
-  for build in dev windows-x86_64; do
-    [ -e build/$build/compile_commands.json ] || complain "Lint needs build/$build:" "run cmake --preset $build first"
+  for preset in lint lint-windows; do
+    report=$(cmake --preset $preset 2>&1) || complain "The preset $preset cannot be configured:" "$report"
   done
   # shellcheck disable=SC2046  # file names without blanks
   complain "Not formatted (clang-format -i mends it):" \
@@ -49,9 +49,9 @@ if [ "${1-}" != --architecture ]; then
       xargs -P "$(nproc)" -n 3 clang-tidy --quiet -p "$build" "$@" 2>/dev/null |
       grep -E '(warning|error):' | sort -u
   }
-  complain "Lint:" "$(lint dev -v)"
+  complain "Lint:" "$(lint lint -v)"
   headers=$($mingw -print-file-name=include/c++)
-  complain "Lint of the front end for Windows:" "$(lint windows-x86_64 -e \
+  complain "Lint of the front end for Windows:" "$(lint lint-windows -e \
     --extra-arg=--target=x86_64-w64-windows-gnu \
     --extra-arg=-stdlib++-isystem"$headers" --extra-arg=-stdlib++-isystem"$headers/x86_64-w64-mingw32")"
   complain "Built without a protection that cmake/hardening.cmake asks for:" "$(

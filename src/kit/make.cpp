@@ -24,8 +24,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-fs::path PathOf(const std::string& utf8) { return {std::u8string(utf8.begin(), utf8.end())}; }
-
 constexpr std::uintmax_t kLargestPictureFile = 64 << 20;
 
 // Makes one theme.

@@ -12,11 +12,12 @@
 #include "base/runtime_error.h"
 
 namespace sorvex {
-namespace {
 
 namespace fs = std::filesystem;
 
 fs::path PathOf(const std::string& utf8) { return {std::u8string(utf8.begin(), utf8.end())}; }
+
+namespace {
 
 [[noreturn]] void Fail(const std::string& path, const std::error_code& why) {
   const RuntimeError failure = PathAccessError();

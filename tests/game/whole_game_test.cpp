@@ -96,7 +96,7 @@ TEST(AnErrorInTheLoop, IsShownAndEndsTheGameWithoutAReport) {
   for (const auto& [error, words] : errors) {
     Story story({CupTheme(1)});
     story.desktop.Now = -2000000;
-    story.Start().Then([&] { error(story); }).Frames(1);
+    story.Start().Then([&story, &error = error] { error(story); }).Frames(1);
     story.Run();
     EXPECT_EQ(
         story.desktop.Boxes,

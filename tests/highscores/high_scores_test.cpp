@@ -158,7 +158,7 @@ TEST_F(HighScores, NeverOverwriteATableThatCannotBeReadNorMakeOne) {
   const std::string tooLong((64 << 10) + 1, 'x');
   for (const auto& [table, name] : {std::pair{tooLong, std::string("Ann")}, {HighScoreFile({"10"}), tooLong}}) {
     WriteFile(file, table);
-    story.desktop.TypeName = [&] { return name; };
+    story.desktop.TypeName = [&name = name] { return name; };
     EXPECT_THROW(Record(5), RuntimeError);
     EXPECT_EQ(ReadWholeFile(file), table);
     EXPECT_EQ(story.Rows()[0], name + "|03/14/26|5") << "the panel keeps it";

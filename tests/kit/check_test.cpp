@@ -81,7 +81,7 @@ void Grid(TestTheme& theme, int count) {
 constexpr Size kTarget{40, 30};
 const std::string kPlaces = "25\r\n63\r\n20\r\n20\r\n85\r\n63\r\n80\r\n20\r\n";
 
-struct Example {
+struct FaultyTheme {
   const char* code;
   const char* line;  // how the line of the finding begins
   Spoil spoil;
@@ -90,7 +90,7 @@ struct Example {
 };
 
 // clang-format off
-const Example kExamples[] = {
+const FaultyTheme kFaultyThemes[] = {
     {"missing-file", "cm1.bmp: error: not found", Without("cm1.bmp")},
     {"ambiguous-name", "ss0.bmp: error: not found, and of SS0.bmp and Ss0.bmp the game takes none",
      Both(Without("ss0.bmp"), Both(Text("SS0.bmp", ""), Text("Ss0.bmp", "")))},
@@ -175,7 +175,7 @@ TEST(AFaultyTheme, IsToldItsFault) {
   const TempFolder folder;
   WriteFile(folder.Path() / "a", "");
   const bool caseMatters = !fs::exists(folder.Path() / "A");
-  for (const Example& example : kExamples) {
+  for (const FaultyTheme& example : kFaultyThemes) {
     if (!caseMatters && example.code == "ambiguous-name"s) continue;
     const std::vector<std::string> lines = FoundIn(example.design, example.spoil);
     const std::string ending = " ["s + example.code + "]\n";
@@ -193,7 +193,7 @@ TEST(EveryFinding, StandsInTheGuide) {
   for (auto match = std::sregex_iterator(guide.begin(), guide.end(), row); match != std::sregex_iterator(); ++match)
     told.insert((*match)[1]);
   std::set<std::string> shown;
-  for (const Example& example : kExamples) shown.insert(example.code);
+  for (const FaultyTheme& example : kFaultyThemes) shown.insert(example.code);
   EXPECT_EQ(told, shown);
 }
 

@@ -75,14 +75,14 @@ std::string With(std::string text, const std::string& from, const std::string& t
   return text.replace(text.find(from), from.size(), to);
 }
 
-struct Example {
+struct FaultySource {
   const char* from;  // of kToml
   std::string to;
   std::vector<std::string> findings;  // how their lines begin, after "theme.toml"
 };
 
 // clang-format off
-const Example kExamples[] = {
+const FaultySource kFaultySources[] = {
     {"[target]", "[target", {":2: error: Error while parsing table header"}},
     {"bg.png", "\xFF", {":1: error: "}},
     {"background", "backround",
@@ -118,7 +118,7 @@ const Example kExamples[] = {
 
 TEST(AFaultySource, IsToldItsFaults) {
   const std::string guide = ReadWholeFile(SORVEX_SOURCE_FOLDER "/docs/themes.md");
-  for (const Example& example : kExamples) {
+  for (const FaultySource& example : kFaultySources) {
     SCOPED_TRACE(example.to);
     const TempFolder folder;
     WriteSource(folder.Path(), With(kToml, example.from, example.to));

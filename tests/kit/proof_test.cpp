@@ -38,7 +38,7 @@ Bitmap RandomContainer(Random& random) {
   return mask;
 }
 
-Theme RandomTheme(Random& random) {
+Theme ThemeOfOneItem(Random& random) {
   Theme theme;
   Bitmap mask({random.Number(2, 9), random.Number(2, 9)}, kBlack);
   for (int dots = random.Number(0, 8); dots > 0; --dots)
@@ -138,7 +138,8 @@ int LargestRoom(const std::function<bool(int)>& finds) {
 
 void ExpectAgreement(const Theme& theme, const Journey& journey, Place rest) {
   PlainSearch plain(theme);
-  const auto [from, grab, outside] = std::tuple(journey.from, journey.grab, journey.outside);
+  const Place from = journey.from, grab = journey.grab;
+  const int outside = journey.outside;
   switch (journey.verdict) {
     case Verdict::Touches: EXPECT_TRUE(plain.HitsAt(from)); break;
     case Verdict::NotHeld: EXPECT_FALSE(plain.HitsAt(from)); break;
@@ -193,7 +194,7 @@ TEST(Proof, AgreesWithAPlainSearch) {
   int ways = 0;
   for (int round = 0; round < 40 && !HasFailure(); ++round) {
     SCOPED_TRACE("round " + std::to_string(round));
-    const Theme theme = RandomTheme(random);
+    const Theme theme = ThemeOfOneItem(random);
     const ItemProof proof = ProveItem(theme, 0);
     for (const Journey& journey : {proof.fromStart, proof.fromRest}) {
       ExpectAgreement(theme, journey, proof.fromRest.from);

@@ -20,11 +20,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-#if defined(__SANITIZE_ADDRESS__)
-constexpr bool kMeasured = false;  // its own memory and checks are no part of the game
-#else
-constexpr bool kMeasured = true;
-#endif
+constexpr bool kMeasured = !SORVEX_SANITIZED;  // the sanitizers' memory and checks are no part of the game
 
 // A header of 54 bytes that says what it likes.
 std::string Header(int width, int height, std::uint32_t bits, std::uint32_t compression = 0, std::uint32_t offset = 54,

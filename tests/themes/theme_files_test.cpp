@@ -57,7 +57,7 @@ TEST(ThemeIni, SaysWhichLineCannotBeUsed) {
       {std::string(40, 'x') + "\u00EBy", "Theme.ini, line 1: '" + std::string(40, 'x') + "...' is not a number"},
       {Lines(85), "Theme.ini, line 85: a theme has at most 21 items"},
   };
-  for (const auto& [text, reason] : cases) EXPECT_EQ(Refusal([&] { ParseItems(text); }), reason);
+  for (const auto& [text, reason] : cases) EXPECT_EQ(Refusal([&text = text] { ParseItems(text); }), reason);
 }
 
 TEST(Theme2Ini, HoldsTwoNumbers) {

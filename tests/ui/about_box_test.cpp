@@ -45,7 +45,7 @@ TEST_F(About, OnlyCommentsTallerThanTheirBoxScrollForEver) {
 TEST_F(About, ATitleWiderThanTheCommentsTakesTheWholeWidth) {
   for (const auto& [letters, left, width] : {std::tuple{24, 96.F, 24 * 8.F}, {25, 0.F, 318.F}}) {
     story.desktop.Title = std::string(static_cast<std::size_t>(letters), 'W');
-    Open([&](frmAbout& box) {
+    Open([left = left, width = width](frmAbout& box) {
       EXPECT_EQ(box.lblTit.Left, left);
       EXPECT_EQ(box.lblTit.Width, width);
     });

@@ -10,7 +10,6 @@
 #include <limits>
 #include <span>
 
-#include "support/wave_file.h"
 #include "window/sitting.h"
 
 namespace sorvex {
@@ -21,14 +20,6 @@ TestTheme SmallTheme(const std::string& name, int width) {
   TestTheme theme = CupTheme(2, name);
   theme.field.width = width;
   return theme;
-}
-
-// With a sound for every moment.
-void Write(const Sitting& sitting, const TestTheme& theme) {
-  const fs::path program = sitting.folder.Path() / "program";
-  WriteTheme(program, theme);
-  for (const char* moment : {"Pickup", "LetGo", "HitTube", "PutInCont"})
-    WriteFile(program / theme.name / (moment + std::string(".wav")), WaveFile{}.With(std::string(4000, '\0')));
 }
 
 // Chooses the theme, plays it to a best time, and looks at the other boxes.
@@ -82,7 +73,11 @@ Held PlayRound(Sitting& sitting, std::span<const TestTheme> themes) {
 TEST(WindowEndurance, AfterManyGamesNoMoreIsHeldThanAfterTheFirst) {
   const std::array themes{SmallTheme("Theme1", 316), SmallTheme("Apple", 350), SmallTheme("Birch", 390)};
   Sitting sitting(themes[0]);
-  for (const TestTheme& theme : themes) Write(sitting, theme);
+  for (const TestTheme& theme : themes) {
+    WriteTheme(sitting.folder.Path() / "program", theme);
+    sitting.theme = theme;
+    sitting.WriteSounds();
+  }
   sitting.Open();
   constexpr int kFirst = 4;
   constexpr std::size_t kWavering = 1024 * 1024;

@@ -9,7 +9,6 @@
 #include <algorithm>
 #include <cctype>
 #include <memory>
-#include <ranges>
 #include <stdexcept>
 
 #include "window/process.h"
@@ -93,9 +92,10 @@ std::vector<std::string> Player::Titles() const {
 }
 
 Player::WindowId Player::Find(const std::string& title) const {
-  for (const WindowId window : Windows() | std::views::reverse)
-    if (TitleOf(window) == title) return window;
-  return 0;
+  const std::vector<WindowId> windows = Windows();
+  const auto topmost =
+      std::find_if(windows.rbegin(), windows.rend(), [&](WindowId window) { return TitleOf(window) == title; });
+  return topmost == windows.rend() ? 0 : *topmost;
 }
 
 bool Player::HasFocus(WindowId window) const {

@@ -18,6 +18,7 @@
 #include "support/field_painter.h"
 #include "support/temp_folder.h"
 #include "support/theme_folder.h"
+#include "support/wave_file.h"
 #include "window/player.h"
 #include "window/process.h"
 
@@ -73,6 +74,12 @@ class Sitting {
     if (itsScreen.managed) Manage(home / "openbox.xml");
     player.emplace(environment["DISPLAY"], itsScreen.managed);
     player->Move(1279, 999);
+  }
+
+  /// Gives the theme a sound for every moment.
+  void WriteSounds() const {
+    for (const char* moment : {"Pickup", "LetGo", "HitTube", "PutInCont"})
+      WriteFile(ThemeFile(moment + std::string(".wav")), WaveFile{}.With(std::string(16000, '\1')));
   }
 
   /// Starts the program, again if it ran before.

@@ -8,7 +8,6 @@
 #include <regex>
 #include <span>
 
-#include "support/wave_file.h"
 #include "window/sitting.h"
 #include "window/sound_server.h"
 
@@ -24,11 +23,6 @@ void PutOneIn(Sitting& sitting) {
   sitting.AwaitField("once the item is put in", {sitting.Rest(1)}, std::nullopt);
 }
 
-void WriteSounds(const Sitting& sitting) {
-  for (const char* file : {"Pickup", "LetGo", "HitTube", "PutInCont"})
-    WriteFile(sitting.ThemeFile(file + std::string(".wav")), WaveFile{}.With(std::string(16000, '\1')));
-}
-
 void Close(Sitting& sitting) {
   sitting.player->UseCloseBox(sitting.window);
   EXPECT_EQ(sitting.program->ExitCode(), 0);
@@ -41,7 +35,7 @@ void PlayAndClose(Sitting& sitting) {
 }
 
 void PlayWithSounds(Sitting& sitting) {
-  WriteSounds(sitting);
+  sitting.WriteSounds();
   PlayAndClose(sitting);
 }
 
@@ -126,9 +120,9 @@ void AwaitPicture(Sitting& sitting) {
     const Bitmap seen = sitting.player->Look({0, 0, 1280, 1000});
     for (int y = 0; y < seen.Height(); ++y) {
       const std::span row(seen.Row(y), static_cast<std::size_t>(seen.Width()));
-      const auto edge = std::ranges::search_n(row, 300, 0xFF808080);
-      if (edge.empty()) continue;
-      sitting.clientArea = Rectangle::At(static_cast<int>(edge.begin() - row.begin()) - 8, y - 8, {335, 294});
+      const auto edge = std::search_n(row.begin(), row.end(), 300, 0xFF808080);
+      if (edge == row.end()) continue;
+      sitting.clientArea = Rectangle::At(static_cast<int>(edge - row.begin()) - 8, y - 8, {335, 294});
       return true;
     }
     return false;
@@ -160,7 +154,7 @@ void PlayOnWayland(Sitting& sitting) {
 
 // The toolkit ends the program then, whatever its other threads wait for.
 void LoseTheDisplay(Sitting& sitting) {
-  WriteSounds(sitting);
+  sitting.WriteSounds();
   const SoundServer server(sitting);
   server.Signal(SIGSTOP);
   sitting.Open();
@@ -192,6 +186,8 @@ const Surrounding kSurroundings[] = {{"noTheme", MeetNoTheme},
                                      {"aHomeThatIsAFileOnLinux", PlayFromAHomeThatIsAFile},
                                      {"aWaylandDesktopOnLinux", PlayOnWayland, {.managed = false}},
                                      {"aLostDisplayOnLinux", LoseTheDisplay}};
+
+void PrintTo(const Surrounding& surrounding, std::ostream* out) { *out << surrounding.name; }
 
 class WindowSurroundings : public testing::TestWithParam<Surrounding> {};
 

@@ -15,10 +15,6 @@
 namespace sorvex {
 namespace {
 
-struct Releaser {
-  void operator()(IStream* stream) const { stream->Release(); }
-};
-
 // A PNG file's size stands in its first chunk (IHDR). GDI+ may take memory for the pixels before it tells the size.
 void CheckPng(std::string_view bytes, std::int64_t mostPixels) {
   constexpr std::size_t widthAt = 16;

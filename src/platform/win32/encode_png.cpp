@@ -19,10 +19,6 @@ namespace {
 // The class identifier of GDI+'s encoder for image/png.
 constexpr CLSID kPngEncoder{0x557cf406, 0x1a04, 0x11d3, {0x9a, 0x73, 0x00, 0x00, 0xf8, 0x1e, 0xf3, 0x2e}};
 
-struct Releaser {
-  void operator()(IUnknown* object) const { object->Release(); }
-};
-
 }  // namespace
 
 std::string EncodePng(const Bitmap& bitmap) {

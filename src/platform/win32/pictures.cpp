@@ -18,9 +18,6 @@
 namespace sorvex {
 namespace {
 
-struct Releaser {
-  void operator()(IUnknown* object) const { object->Release(); }
-};
 using Stream = std::unique_ptr<IStream, Releaser>;
 using PictureObject = std::unique_ptr<IPicture, Releaser>;
 

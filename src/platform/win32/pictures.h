@@ -3,6 +3,7 @@
 #pragma once
 
 #include <windows.h>
+#include <unknwn.h>
 
 #include <optional>
 #include <string_view>
@@ -10,6 +11,11 @@
 #include "base/bitmap.h"
 
 namespace sorvex {
+
+/// Releases a COM object that a std::unique_ptr holds.
+struct Releaser {
+  void operator()(IUnknown* object) const { object->Release(); }
+};
 
 /// Initializes OLE on this thread, for the picture decoder and the shell. Lives as long as the desktop.
 class OleSession {
