@@ -76,7 +76,7 @@ TEST(WindowEndurance, AfterManyGamesNoMoreIsHeldThanAfterTheFirst) {
   for (const TestTheme& theme : themes) {
     WriteTheme(sitting.folder.Path() / "program", theme);
     sitting.theme = theme;
-    sitting.WriteSounds();
+    sitting.WriteSounds(4000);
   }
   sitting.Open();
   constexpr int kFirst = 4;

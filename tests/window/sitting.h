@@ -76,10 +76,10 @@ class Sitting {
     player->Move(1279, 999);
   }
 
-  /// Gives the theme a sound for every moment.
-  void WriteSounds() const {
+  /// Gives the theme a sound of that many samples for every moment.
+  void WriteSounds(std::size_t samples = 16000) const {
     for (const char* moment : {"Pickup", "LetGo", "HitTube", "PutInCont"})
-      WriteFile(ThemeFile(moment + std::string(".wav")), WaveFile{}.With(std::string(16000, '\1')));
+      WriteFile(ThemeFile(moment + std::string(".wav")), WaveFile{}.With(std::string(samples, '\1')));
   }
 
   /// Starts the program, again if it ran before.
