@@ -15,7 +15,7 @@ core="src/base src/forms src/game src/themes src/highscores src/ui src/startup s
 
 # shellcheck disable=SC2086  # a list of paths
 complain "The core knows no toolkit and no system:" \
-  "$(grep -rnE '#include <(Q[A-Z]|windows|X11|unistd|sys/|fcntl)|#include "platform/(qt|win32|headless|posix)/' $core)"
+  "$(grep -rnE '#include <(Q[A-Z]|windows|X11|unistd|sys/|fcntl)|#include "platform/(qt|win32|web|headless|posix)/' $core)"
 # shellcheck disable=SC2086
 complain "No platform #ifdef outside the front ends:" "$(grep -rnE '^ *# *if(def)?.*(_WIN32|__linux__|__unix__)' $core)"
 complain "Windows is known to its own front end only:" \
