@@ -17,14 +17,6 @@ const sounds = (() => {
     decoded = new Map(paths.map((path) => [path, decoded.get(path) || load(path)]));
   }
 
-  // In place of what cannot be played.
-  function bell() {
-    const tone = context.createOscillator();
-    tone.frequency.value = 880;
-    tone.stop(context.currentTime + 0.15);
-    return tone;
-  }
-
   async function play(path) {
     const request = ++requests;
     const asked = performance.now();
@@ -33,9 +25,11 @@ const sounds = (() => {
     if (!context) return;
     const buffer = await (decoded.get(path) || load(path));
     if (request !== requests || performance.now() - asked > latest) return;
-    playing = buffer ? new AudioBufferSourceNode(context, {buffer}) : bell();
+    // A bell stands in for what cannot be played.
+    playing = buffer ? new AudioBufferSourceNode(context, {buffer}) : new OscillatorNode(context, {frequency: 880});
     playing.connect(context.destination);
     playing.start();
+    if (!buffer) playing.stop(context.currentTime + 0.15);
   }
 
   function allow() {
