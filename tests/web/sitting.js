@@ -43,8 +43,9 @@ export class Sitting {
     sitting.server = await serve({'themes/themes.txt': all.map(({name}) => name + '\n').join(''),
       ...Object.fromEntries(all.map((each) => [`themes/${each.name}.zip`, archive(each)]))});
     sitting.origin = `http://127.0.0.1:${sitting.server.address().port}`;
-    const args = browser === 'chrome' ? ['--no-sandbox', '--force-color-profile=srgb'] : [];
-    sitting.browser = await puppeteer.launch({browser, args, headless: true, protocolTimeout: 60000,
+    const args = browser === 'chrome' ? ['--no-sandbox', '--force-color-profile=srgb', '--window-size=800,900',
+      `--force-device-scale-factor=${ratio}`] : ['--width=800', '--height=900'];
+    sitting.browser = await puppeteer.launch({browser, args, headless: true, protocolTimeout: 60000, defaultViewport: null,
       executablePath: browser === 'chrome' ? '/usr/bin/chromium' : '/usr/bin/firefox-esr'});
     sitting.requests = [];
     sitting.complaints = [];
@@ -57,7 +58,7 @@ export class Sitting {
     page.on('request', (request) => this.requests.push(request.url()));
     page.on('pageerror', (error) => this.complaints.push(String(error)));
     page.on('console', (message) => ['error', 'warn'].includes(message.type()) && this.complaints.push(message.text()));
-    await page.setViewport({width: 700, height: 700, deviceScaleFactor: this.ratio, hasTouch: touch});
+    if (touch) await page.setViewport({width: 700, height: 700, hasTouch: touch});
     if (before) await page.evaluateOnNewDocument(before);
     if (blank) return page;
     await page.goto(`${this.origin}/${path}`);
@@ -107,7 +108,7 @@ export class Sitting {
     return this.page.evaluate(() => {
       const canvas = document.querySelector('.field canvas');
       const {left, top, width} = canvas.getBoundingClientRect();
-      const scale = width * devicePixelRatio / canvas.width;
+      const scale = Math.round(width * devicePixelRatio / canvas.width * 1000) / 1000;
       return {x: (left + scrollX) * devicePixelRatio + 2 * scale, y: (top + scrollY) * devicePixelRatio + 2 * scale, scale,
         width: canvas.width - 4, height: canvas.height - 4};
     });
@@ -120,10 +121,11 @@ export class Sitting {
   /// What the screen shows of the field.
   async look() {
     const field = this.at = await this.field();
-    const clip = {x: field.x, y: field.y, width: field.width * field.scale, height: field.height * field.scale};
-    for (const key of Object.keys(clip)) clip[key] = Math.round(clip[key]) / this.ratio;
-    const shot = PNG.sync.read(Buffer.from(await this.page.screenshot({clip, captureBeyondViewport: false})));
-    return {...shot, scale: field.scale};
+    const shot = PNG.sync.read(Buffer.from(await this.page.screenshot({captureBeyondViewport: false})));
+    const [width, height] = [field.width, field.height].map((pixels) => Math.round(pixels * field.scale));
+    const part = new PNG({width, height});
+    PNG.bitblt(shot, part, Math.round(field.x), Math.round(field.y), width, height, 0, 0);
+    return {width, height, data: part.data, scale: field.scale};
   }
   /// What differs from the field with these items and this cup; empty: nothing.
   async difference(items, cupOf) {

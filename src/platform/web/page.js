@@ -14,7 +14,7 @@ const page = (() => {
   const css = (pixel) => pixel ? '#' + (pixel & 0xFFFFFF).toString(16).padStart(6, '0') : '';
   const lines = (text) => text.split('\n').slice(0, -1);
   let wake = null;      // ends the program's wait for an event
-  let yielding = null;  // the wait that ends once the browser has had its turn
+  let yielding = null;  // the wait that ends at the next message of the channel
   let pointerAt = {x: 0, y: 0};
   let wanted = null;  // the theme to choose
   let asked = new URLSearchParams(location.search).get('theme');
@@ -23,7 +23,14 @@ const page = (() => {
 
   function report(kind, window, fields) {
     queue.push({kind, window, control: 0, x: 0, y: 0, detail: 0, shift: 0, text: null, ...fields});
-    if (wake) wake();
+    if (wake) yieldOnce();
+  }
+
+  // Ends the wait once the browser has had its turn: it may have to finish with what it just reported.
+  function yieldOnce() {
+    if (yielding === wake) return;
+    yielding = wake;
+    channel.port2.postMessage(0);
   }
 
   function allocated(text) {
@@ -45,17 +52,13 @@ const page = (() => {
   function nextEvent(patience, result, answer) {
     if (queue.length || patience < 0) return answer(takeEvent(result));
     let timer;
-    const now = wake = () => {
+    wake = () => {
       wake = null;
       clearTimeout(timer);
       answer(takeEvent(result));
     };
-    if (patience === 0) {
-      yielding = now;
-      channel.port2.postMessage(0);
-    } else if (patience < 0x7FFFFFFF) {
-      timer = setTimeout(now, patience);
-    }
+    if (patience === 0) yieldOnce();
+    else if (patience < 0x7FFFFFFF) timer = setTimeout(wake, patience);
   }
   channel.port1.onmessage = () => {
     if (wake && wake === yielding) wake();
@@ -193,8 +196,13 @@ const page = (() => {
     window.root.style.zoom = window.scale / ratio;
     window.stage.style.padding = '0';
     const {left, top} = window.stage.getBoundingClientRect();
-    const shift = (place) => (Math.ceil(place * ratio - 1 / 64) - place * ratio) / ratio;
-    window.stage.style.padding = `${Math.max(0, shift(top))}px 0 0 ${Math.max(0, shift(left))}px`;
+    // Some browsers paint at whole pixels of the page: a place that is whole in both is never far.
+    const shift = (place) => {
+      for (let whole = Math.ceil(place); whole < place + 8; ++whole)
+        if (Math.abs(whole * ratio - Math.round(whole * ratio)) < 1 / 64) return whole - place;
+      return (Math.ceil(place * ratio) - place * ratio) / ratio;
+    };
+    window.stage.style.padding = `${shift(top)}px 0 0 ${shift(left)}px`;
     const origin = originOf(window);
     const x = Math.round(origin.x / window.scale);
     const y = Math.round(origin.y / window.scale);
@@ -249,7 +257,18 @@ const page = (() => {
   }
 
   function place(number, left, top, width, height, visible) {
-    const {element, canvas, name} = Object.assign(controls.get(number), {left, top});
+    const control = controls.get(number);
+    const {element, canvas, name} = control;
+    if (!control.placed) {
+      // Assistive technology reads row by row, each from left to right, whatever is in front.
+      const isAfter = ({top: y, left: x}) => y > top || y === top && x > left;
+      const after = [...element.parentElement.children].find((each) => {
+        const other = byElement.get(each);
+        return other?.placed && isAfter(other);
+      });
+      element.parentElement.insertBefore(element, after || null);
+    }
+    Object.assign(control, {left, top, placed: true});
     const style = element.style;
     element.hidden = !visible;
     Object.assign(style, {left: left + 'px', top: top + 'px'});
@@ -445,12 +464,13 @@ const page = (() => {
   function handleKey(event) {
     const window = front();
     if (!window?.root || event.isComposing) return;
-    if (event.target !== document.body && !window.frame.contains(event.target)) return;
+    // Enter is for the page's own buttons while they have the focus.
+    const isInside = event.target === document.body || window.frame.contains(event.target);
     const functionKey = /^F([1-9])$/.exec(event.key);
     const known = functionKey && find('commands').querySelector(`[aria-keyshortcuts="${event.key}"]`);
     const letter = /^[a-z]$/i.test(event.key) ? event.key.toLowerCase() : event.code.replace(/^Key/, '').toLowerCase();
-    if (event.key === 'Enter' && event.target.className !== 'close') report2(E.enter);
-    else if (event.key === 'Escape') report2(E.escape);
+    if (event.key === 'Enter' && isInside && event.target.className !== 'close') report2(E.enter);
+    else if (event.key === 'Escape' && isInside) report2(E.escape);
     else if (known) report2(E.function, {detail: Number(functionKey[1])});
     else if (event.altKey && !event.ctrlKey && window.root.querySelector(`[data-key="${CSS.escape(letter)}"]`))
       report2(E.accessKey, {text: letter});

@@ -237,7 +237,8 @@ const files = (() => {
       page.say(`Added: ${names.join(', ')}`);
       page.choose(names.pop());
     } catch (error) {
-      page.say(`${nameOfAll} was not added: ${error.message}`);
+      const broken = error instanceof RangeError || error instanceof TypeError;
+      page.say(`${nameOfAll} was not added: ${broken ? 'a broken zip archive' : error.message}`);
     }
   }
 
