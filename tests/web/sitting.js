@@ -109,7 +109,7 @@ export class Sitting {
       const canvas = document.querySelector('.field canvas');
       const {left, top, width} = canvas.getBoundingClientRect();
       const scale = Math.round(width * devicePixelRatio / canvas.width * 1000) / 1000;
-      return {x: (left + scrollX) * devicePixelRatio + 2 * scale, y: (top + scrollY) * devicePixelRatio + 2 * scale, scale,
+      return {x: left * devicePixelRatio + 2 * scale, y: top * devicePixelRatio + 2 * scale, scale,
         width: canvas.width - 4, height: canvas.height - 4};
     });
   }

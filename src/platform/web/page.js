@@ -10,6 +10,10 @@ const page = (() => {
   const byElement = new WeakMap();
   const queue = [];
   const channel = new MessageChannel();
+  const lineHeights = new Map();  // by font
+  const newContext = (width, height) => new OffscreenCanvas(width, height).getContext('2d', {willReadFrequently: true});
+  const measuring = newContext(1, 1);
+  const decoding = newContext(512, 512);
   const find = (id) => document.getElementById(id);
   const css = (pixel) => pixel ? '#' + (pixel & 0xFFFFFF).toString(16).padStart(6, '0') : '';
   const lines = (text) => text.split('\n').slice(0, -1);
@@ -80,7 +84,9 @@ const page = (() => {
       // A mask for transparency in a bitmap's header: the game's bitmaps have none.
       if (bytes[0] === 0x42 && bytes[1] === 0x4D && bytes[14] >= 56) bytes.fill(0, 66, 70);
       const image = await createImageBitmap(new Blob([bytes]), {colorSpaceConversion: 'none', premultiplyAlpha: 'none'});
-      const context = new OffscreenCanvas(image.width, image.height).getContext('2d', {willReadFrequently: true});
+      const isSmall = image.width <= 512 && image.height <= 512;
+      const context = isSmall ? decoding : newContext(image.width, image.height);
+      context.globalCompositeOperation = 'copy';
       context.drawImage(image, 0, 0);
       const {data, width, height} = context.getImageData(0, 0, image.width, image.height);
       return give(result, data, width, height);
@@ -345,26 +351,40 @@ const page = (() => {
   }
 
   // Families that are not there are replaced by ones with the same metrics or a similar look.
-  function useFont(style, family, pixels, weight) {
+  function fontOf(family, pixels, weight) {
     const heavy = family === 'Arial Black';
-    style.fontFamily = `"${family}", ${heavy ? 'Inter, ' : ''}Arial, "Liberation Sans", Helvetica, sans-serif`;
-    style.fontSize = pixels + 'px';
-    style.fontWeight = heavy ? 900 : weight;
+    return `${heavy ? 900 : weight} ${pixels}px "${family}", ${heavy ? 'Inter, ' : ''}Arial, "Liberation Sans", ` +
+      'Helvetica, sans-serif';
   }
 
   function setFont(number, family, pixels, weight, underlined) {
     const {style} = controls.get(number).element;
-    useFont(style, family, pixels, weight);
+    style.font = fontOf(family, pixels, weight);
     style.textDecoration = underlined ? 'underline' : '';
   }
 
-  function measure(text, family, pixels, weight, wrapWidth) {
+  // As the page lays it out, which is dear.
+  function heightOf(text, font, width) {
     const measured = find('measure');
-    useFont(measured.style, family, pixels, weight);
-    measured.style.width = wrapWidth ? wrapWidth + 'px' : '';
-    measured.style.whiteSpace = wrapWidth ? 'pre-wrap' : 'pre';
-    measured.textContent = text.replaceAll('\r\n', '\n') || '\u200B';
-    const {width, height} = measured.getBoundingClientRect();
+    measured.style.font = font;
+    measured.style.width = width + 'px';
+    measured.textContent = text;
+    return measured.getBoundingClientRect().height;
+  }
+
+  function measure(text, family, pixels, weight, wrapWidth) {
+    const font = fontOf(family, pixels, weight);
+    text = text.replaceAll('\r\n', '\n');
+    let [width, height] = [wrapWidth, 0];
+    if (wrapWidth) {
+      height = heightOf(text, font, wrapWidth);
+    } else {
+      measuring.font = font;
+      const each = text.split('\n');
+      width = Math.max(...each.map((line) => measuring.measureText(line).width));
+      if (!lineHeights.has(font)) lineHeights.set(font, heightOf('X', font, 100));
+      height = each.length * lineHeights.get(font);
+    }
     return Math.ceil(Math.min(width, 0x7FFF)) << 16 | Math.ceil(Math.min(height, 0x7FFF));
   }
 
