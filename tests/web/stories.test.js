@@ -61,6 +61,21 @@ test('the chooser shows the chosen theme at once, and nothing is chosen before',
   sitting.checkManners();
 });
 
+test('the window stands as designed', async (t) => {
+  const sitting = await Sitting.open(t, oneItem());
+  const places = {'.client': [0, 0, 335, 294], '.field': [8, 8, 320, 240], '[data-key=s]': [49, 255, 105, 33],
+    '[title^=Lef]': [159, 255, 33, 33], '[data-key=h]': [198, 255, 105, 33], '[title^=Change]': [304, 264, 24, 24]};
+  for (const [selector, place] of Object.entries(places)) {
+    const seen = await sitting.page.$eval(selector, (element) => {
+      const corner = document.querySelector('.client').getBoundingClientRect();
+      const {left, top, width, height} = element.getBoundingClientRect();
+      return [left - corner.left, top - corner.top, width, height];
+    });
+    assert.deepEqual(seen, place, selector);
+  }
+  sitting.checkManners();
+});
+
 test('details and about box; the logo follows the controlled pointer and is back soon', async (t) => {
   const sitting = await Sitting.open(t, oneItem());
   await sitting.press('F2');
@@ -285,9 +300,11 @@ test('assistive technology reads and presses everything', async (t) => {
   await awaitNode('dialog About');
   for (const node of ['image Logo', 'link hello@sorvex.example', 'StaticText (c) 2026 Sorvex authors, MIT licence'])
     await awaitNode(node);
-  await sitting.press('Escape', 'F3');
+  await sitting.answer('About', 'Escape');
+  await sitting.press('F3');
   await awaitNode('listbox Themes');
-  await sitting.press('Escape', 'F2');
+  await sitting.answer('Choose a theme', 'Escape');
+  await sitting.press('F2');
   await awaitNode('alertdialog Theme Details');
   sitting.checkManners();
 });
@@ -302,16 +319,16 @@ for (const browser of ['chrome', 'firefox']) {
     let read = 0;
     for (const {file, kind, ref, ref_files: references, tol} of listed) {
       if (kind !== 'g' || ref !== 'yes') continue;
-      const seen = await sitting.page.evaluate((bytes) => new Promise((resolve) => {
+      const seen = await sitting.page.evaluate((text) => new Promise((resolve) => {
+        const bytes = Uint8Array.from(atob(text), (byte) => byte.charCodeAt(0));
         const data = _malloc(bytes.length), result = _malloc(16);
         HEAPU8.set(bytes, data);
         page.await(2, data, bytes.length, result, () => {
           const [place, size, width, height] = HEAP32.subarray(result >> 2, (result >> 2) + 4);
-          let text = '';
-          for (let i = 0; i < size; ++i) text += String.fromCharCode(HEAPU8[place + i]);
-          resolve({width, height, pixels: btoa(text)});
+          const characters = Array.from(HEAPU8.subarray(place, place + size), (byte) => String.fromCharCode(byte));
+          resolve({width, height, pixels: btoa(characters.join(''))});
         });
-      }), [...await readFile(join(folder, file))]);
+      }), await readFile(join(folder, file), 'base64'));
       const pixels = Buffer.from(seen.pixels, 'base64');
       const differences = await Promise.all(references.split(',').map(async (name) => {
         const right = PNG.sync.read(await readFile(join(folder, 'ref', name)));

@@ -3,6 +3,7 @@
 #include "platform/web/form_window.h"
 
 #include <algorithm>
+#include <array>
 #include <unordered_set>
 
 #include "platform/desktop.h"
@@ -164,6 +165,7 @@ void FormWindow::SyncLabel(const Label& label, Element& element) {
   SetText(element.caption, label.Caption, element.id, PageText::Caption);
   if (element.font.Update(label.Font))
     PageSetFont(element.id, label.Font.family.c_str(), PixelsOf(label.Font), label.Font.weight, label.Font.underlined);
+  // Of a label's style only the color changes while it is shown.
   if (!element.foreground.Update(label.ForeColor)) return;
   PageSetStyle(element.id, desktop_.ResolveColor(label.ForeColor),
                label.Transparent ? 0 : desktop_.ResolveColor(label.BackColor), static_cast<int>(label.Align),

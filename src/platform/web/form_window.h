@@ -2,8 +2,6 @@
 // A shown form on the page: its controls as elements, and the events that the page reports for it.
 #pragma once
 
-#include <map>
-#include <memory>
 #include <optional>
 #include <span>
 #include <string>
@@ -36,7 +34,7 @@ struct Element {
 
 class FormWindow final : private FormView {
  public:
-  /// `id` is the window's number on the page, also those of its controls begin there and count up.
+  /// `id` is the window's number on the page; its controls' numbers follow it.
   FormWindow(int id, Form& form, bool modal, Desktop& desktop, HandlerRunner& runner);
   ~FormWindow() override;
   FormWindow(const FormWindow&) = delete;
@@ -44,7 +42,7 @@ class FormWindow final : private FormView {
 
   FormController& Controller() { return controller_; }
   int Id() const { return id_; }
-  /// The same number on the page for every program run: names the surface's element, 0 if it has none.
+  /// The number of the control's element, 0 if it has never been shown.
   int ElementOf(const Control& control) const;
   void Handle(const PageEvent& event);
   void LosePointer();

@@ -11,6 +11,7 @@ const page = (() => {
   const queue = [];
   const channel = new MessageChannel();
   const lineHeights = new Map();  // by font
+  const addresses = new Map();    // of built-in pictures, by path
   const newContext = (width, height) => new OffscreenCanvas(width, height).getContext('2d', {willReadFrequently: true});
   const measuring = newContext(1, 1);
   const decoding = newContext(512, 512);
@@ -118,7 +119,8 @@ const page = (() => {
     return element;
   }
 
-  function makeDialog(className, title, closed) {
+  // What the browser closes by itself counts as closed too.
+  function makeDialog(number, className, title, closed, cancelled = closed) {
     const frame = make('dialog', className, document.body);
     frame.tabIndex = -1;
     const bar = make('header', '', frame);
@@ -132,7 +134,10 @@ const page = (() => {
     close.onclick = closed;
     frame.oncancel = (event) => {
       event.preventDefault();
-      closed();
+      cancelled();
+    };
+    frame.onclose = () => {
+      if (windows.has(number)) closed();
     };
     return {frame, heading};
   }
@@ -142,11 +147,8 @@ const page = (() => {
   function openWindow(number, modal) {
     const window = {number, modal, focused: 0, buttons: 0, width: 0, scale: 1, left: 0, top: 0};
     if (modal) {
-      Object.assign(window, makeDialog('window', '', () => report(E.close, number)));
-      window.frame.oncancel = (event) => {
-        event.preventDefault();
-        report(E.escape, number);
-      };
+      Object.assign(window,
+        makeDialog(number, 'window', '', () => report(E.close, number), () => report(E.escape, number)));
     } else {
       Object.assign(window, {frame: find('game'), heading: find('caption')});
     }
@@ -288,9 +290,8 @@ const page = (() => {
   }
 
   function pictureAddress(path) {
-    const bytes = path && files.open(path);
-    if (!bytes) return '';
-    return URL.createObjectURL(new Blob([bytes]));
+    if (!addresses.has(path)) addresses.set(path, URL.createObjectURL(new Blob([files.open(path)])));
+    return addresses.get(path);
   }
 
   const setters = [
@@ -504,7 +505,7 @@ const page = (() => {
 
   function openBox(number, text, title, icon, mostTyped) {
     const answer = (typed) => report(E.boxClosed, number, {text: typed});
-    const {frame} = makeDialog('box', title, () => answer(null));
+    const {frame} = makeDialog(number, 'box', title, () => answer(null));
     windows.set(number, {number, modal: true, frame});
     const body = make('div', 'message ' + ['', 'critical', 'exclamation', 'information'][icon], frame);
     const message = make(mostTyped ? 'label' : 'p', '', body);

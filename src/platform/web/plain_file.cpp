@@ -16,7 +16,10 @@ struct OpenFile {
   std::size_t read;
 };
 
-OpenFile& FileOf(std::intptr_t handle) { return *reinterpret_cast<OpenFile*>(handle); }
+// Every system's handle is kept as a number.
+OpenFile& FileOf(std::intptr_t handle) {
+  return *reinterpret_cast<OpenFile*>(handle);  // NOLINT(performance-no-int-to-ptr)
+}
 
 }  // namespace
 
