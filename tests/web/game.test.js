@@ -25,15 +25,9 @@ async function bring(sitting, theme) {
   const folder = await mkdtemp(join(tmpdir(), 'sorvex-'));
   const path = join(folder, 'a theme.zip');
   await writeFile(path, archive(theme));
-  if (sitting.browser.process().spawnfile.includes('chromium')) {
-    const session = await sitting.page.createCDPSession();
-    const data = {items: [], files: [path], dragOperationsMask: 1};
-    for (const type of ['dragEnter', 'dragOver', 'drop'])
-      await session.send('Input.dispatchDragEvent', {type, x: 350, y: 600, data});
-  } else {
-    await (await sitting.page.$('#addFile')).uploadFile(path);
-  }
-  await until('the theme is on the field', async () => await sitting.title() === `Sorvex - ${theme.name}`);
+  if (sitting.browser.process().spawnfile.includes('chromium')) await sitting.drop(path);
+  else await (await sitting.page.$('#addFile')).uploadFile(path);
+  await sitting.awaitTheme(theme.name);
   await rm(folder, {recursive: true});
 }
 
@@ -84,7 +78,7 @@ for (const browser of ['chrome', 'firefox']) {
     assert.ok(seconds > 0 && seconds < (Date.now() - began) / 1000, seconds);
 
     await sitting.page.goto(`${sitting.origin}/?theme=${encodeURIComponent(theme.name)}`);
-    await until('the theme is there after a reload', async () => await sitting.title() === `Sorvex - ${theme.name}`);
+    await sitting.awaitTheme(theme.name);
     await sitting.button('HighScores');
     await until('the time is there after a reload', async () => (await sitting.names())[0] === names[0]);
     sitting.checkManners();

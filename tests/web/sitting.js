@@ -72,6 +72,15 @@ export class Sitting {
     for (const url of this.requests) assert.ok(url.startsWith(this.origin) || url.startsWith('blob:'), url);
   }
 
+  /// Lets go of a file or folder over the page, in Chromium.
+  async drop(path) {
+    const session = await this.page.createCDPSession();
+    const data = {items: [], files: [path], dragOperationsMask: 1};
+    for (const type of ['dragEnter', 'dragOver', 'drop'])
+      await session.send('Input.dispatchDragEvent', {type, x: 350, y: 600, data});
+  }
+  awaitTheme(name) { return until(`${name} on the field`, async () => await this.title() === `Sorvex - ${name}`); }
+
   title() { return this.page.title(); }
   /// Waits for a box or window with that title, and with `text` in it.
   async box(title, text = '') {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // What players do besides a whole game, in Chromium.
 import assert from 'node:assert/strict';
-import {mkdtemp, readFile, rm, writeFile} from 'node:fs/promises';
+import {mkdir, mkdtemp, readFile, rm, writeFile} from 'node:fs/promises';
 import {tmpdir} from 'node:os';
 import {join} from 'node:path';
 import {test} from 'node:test';
@@ -24,8 +24,8 @@ async function pick(sitting, field, named) {
   await rm(folder, {recursive: true});
 }
 const status = (sitting) => sitting.page.$eval('#status', ({textContent}) => textContent);
-const tableOf = (sitting, theme = 'Theme1') => sitting.page.evaluate(async (name) =>
-  new TextDecoder().decode(await files.open(`/themes/${name}/HighScores.ini`)), theme);
+const tableOf = (sitting, theme = 'Theme1', file = 'HighScores.ini') => sitting.page.evaluate(async (path) =>
+  new TextDecoder().decode(await files.open(path)), `/themes/${theme}/${file}`);
 
 /// Plays a game with one item until its time is to be entered.
 async function playToTheName(sitting) {
@@ -47,7 +47,7 @@ test('the chooser shows the chosen theme at once, and nothing is chosen before',
   await sleep(300);
   await sitting.press('o');
   await sitting.answer('Choose a theme');
-  await until('the other theme', async () => await sitting.title() === `Sorvex - ${other.name}`);
+  await sitting.awaitTheme(other.name);
   const first = sitting.theme;
   sitting.theme = other;
   await sitting.awaitField('before Start', sitting.rest(0, 1), 0);
@@ -55,7 +55,7 @@ test('the chooser shows the chosen theme at once, and nothing is chosen before',
   await sitting.box('Choose a theme');
   await sitting.press('ArrowDown');
   await sitting.answer('Choose a theme');
-  await until('the first theme', async () => await sitting.title() === 'Sorvex - Theme1');
+  await sitting.awaitTheme('Theme1');
   sitting.theme = first;
   await sitting.awaitField('before Start', sitting.rest(0), 0);
   sitting.checkManners();
@@ -240,7 +240,7 @@ test('a theme that is broken, or an archive that is hostile, does no harm', asyn
   const broken = {...filesOf(cupTheme('x', 1)), 'bg.bmp': 'BM'};
   await pick(sitting, '#addFile', {'Broken.zip': zip(broken)});
   await sitting.answer('Theme not loaded', 'Enter', 'Broken: bg.bmp: not a bitmap that can be read');
-  await until('the default', async () => await sitting.title() === 'Sorvex - Theme1');
+  await sitting.awaitTheme('Theme1');
   const refused = {
     'no archive': ['PK', 'not a zip archive'],
     'cut off': [archive(oneItem()).subarray(1000), 'a broken zip archive'],
@@ -256,6 +256,25 @@ test('a theme that is broken, or an archive that is hostile, does no harm', asyn
   await sitting.press('F3');
   await sitting.box('Choose a theme');
   assert.deepEqual(await sitting.page.$$eval('option', (all) => all.map(({text}) => text)), ['Theme1', 'Broken']);
+  sitting.checkManners();
+});
+
+test('a folder is dropped, with names in any case, and again without harm to its best times', async (t) => {
+  const sitting = await Sitting.open(t, oneItem());
+  const folder = await mkdtemp(join(tmpdir(), 'sorvex-'));
+  await mkdir(join(folder, 'Mine', 'art'), {recursive: true});
+  for (const [name, bytes] of Object.entries(filesOf(oneItem())))
+    await writeFile(join(folder, 'Mine', name.toUpperCase()), bytes);
+  await writeFile(join(folder, 'Mine', 'art', 'bg.bmp'), 'another');
+  await sitting.drop(join(folder, 'Mine'));
+  await sitting.awaitTheme('Mine');
+  await playToTheName(sitting);
+  await enterName(sitting, 'Ann');
+  await until('Ann', async () => (await sitting.names())[0] === 'Ann');
+  await sitting.drop(join(folder, 'Mine'));
+  await until('it is added', async () => await status(sitting) === 'Added: Mine');
+  assert.match(await tableOf(sitting, 'Mine', 'HIGHSCORES.INI'), /^"Ann"/);
+  await rm(folder, {recursive: true});
   sitting.checkManners();
 });
 
