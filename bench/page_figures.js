@@ -20,7 +20,8 @@ async function withPage(theme, work) {
   }
 }
 
-const packed = ['index.html', 'sorvex.js', 'sorvex.wasm'].map((name) => gzipSync(readFileSync(site + name), {level: 9}).length);
+const packed = ['index.html', 'sorvex.js', 'sorvex.wasm']
+  .map((name) => gzipSync(readFileSync(site + name), {level: 9}).length);
 console.log(`packed, without themes: ${Math.round(packed.reduce((a, b) => a + b) / 1000)} KB (${packed})`);
 
 // From the address until the window is laid out and the program waits for the player.
@@ -84,8 +85,8 @@ for (const [name, field, count] of [['S', [320, 240], 3], ['M', [800, 600], 10],
       await sleep(5);
     }
     const delays = await page.evaluate(() => globalThis.delays);
-    console.log(`${name}: a moving frame ${rounded(frame)} ms; from the pointer's event to the field's canvas, median ` +
-      `${rounded(median(delays))} ms of ${delays.length}`);
+    console.log(`${name}: a moving frame ${rounded(frame)} ms; from the pointer's event to the field's canvas, ` +
+      `median ${rounded(median(delays))} ms of ${delays.length}`);
   });
 }
 

@@ -74,7 +74,8 @@ for (const browser of ['chrome', 'firefox']) {
     assert.deepEqual(await sitting.names(), names);
     const table = await sitting.page.evaluate(async (name) =>
       new TextDecoder().decode(await files.open(`/themes/${name}/HighScores.ini`)), theme.name);
-    const [, seconds] = /^"Ann B 2nd"\r\n"[^"]+"\r\n"([0-9.]+)"\r\n("Nobody"\r\n"00\/00\/00"\r\n"100"\r\n){9}$/.exec(table);
+    const [, seconds] =
+      /^"Ann B 2nd"\r\n"[^"]+"\r\n"([0-9.]+)"\r\n("Nobody"\r\n"00\/00\/00"\r\n"100"\r\n){9}$/.exec(table);
     assert.ok(seconds > 0 && seconds < (Date.now() - began) / 1000, seconds);
 
     await sitting.page.goto(`${sitting.origin}/?theme=${encodeURIComponent(theme.name)}`);

@@ -15,7 +15,8 @@ const types = {'.html': 'text/html', '.js': 'text/javascript', '.wasm': 'applica
 /// Serves the site with `extra` in front of its files.
 async function serve(extra) {
   const server = createServer(async (request, response) => {
-    const path = normalize(decodeURIComponent(new URL(request.url, 'http://x').pathname)).replace(/^\/$/, '/index.html');
+    const asked = decodeURIComponent(new URL(request.url, 'http://x').pathname);
+    const path = normalize(asked).replace(/^\/$/, '/index.html');
     try {
       const bytes = extra[path.slice(1)] ?? await readFile(join(site, path));
       response.writeHead(200, {'Content-Type': types[extname(path)] ?? 'application/octet-stream'}).end(bytes);
@@ -45,7 +46,8 @@ export class Sitting {
     sitting.origin = `http://127.0.0.1:${sitting.server.address().port}`;
     const args = browser === 'chrome' ? ['--no-sandbox', '--force-color-profile=srgb', '--window-size=800,900',
       `--force-device-scale-factor=${ratio}`] : ['--width=800', '--height=900'];
-    sitting.browser = await puppeteer.launch({browser, args, headless: true, protocolTimeout: 60000, defaultViewport: null,
+    sitting.browser = await puppeteer.launch({browser, args, headless: true, protocolTimeout: 60000,
+      defaultViewport: null,
       executablePath: browser === 'chrome' ? '/usr/bin/chromium' : '/usr/bin/firefox-esr'});
     sitting.requests = [];
     sitting.complaints = [];
@@ -84,7 +86,7 @@ export class Sitting {
   title() { return this.page.title(); }
   /// Waits for a box or window with that title, and with `text` in it.
   async box(title, text = '') {
-    const open = () => this.page.evaluate(() => [...document.querySelectorAll('dialog')].map((dialog) => dialog.innerText));
+    const open = () => this.page.$$eval('dialog', (dialogs) => dialogs.map(({innerText}) => innerText));
     await until(async () => `no box ${title} ${text} but ${await open()}`, async () => {
       const last = (await open()).pop();
       return last?.startsWith(title) && last.includes(text);
@@ -107,7 +109,8 @@ export class Sitting {
   /// The first column of the table that is kept, or shown.
   names() {
     return this.page.evaluate(() => [...document.querySelectorAll('[aria-label="Best times"] > .label')]
-      .filter((label) => label.offsetLeft === 42).sort((a, b) => a.offsetTop - b.offsetTop).map((label) => label.textContent));
+      .filter((label) => label.offsetLeft === 42).sort((a, b) => a.offsetTop - b.offsetTop)
+      .map((label) => label.textContent));
   }
 
   // Places are pixels of the play field.

@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: MIT
-// Themes of plain shapes, the archives that they come in, and what the play field must show, by raster operations alone.
-import {crc32 as crc, deflateRawSync} from 'node:zlib';
+// Themes of plain shapes, the archives that they come in, and what the play field must show by raster operations alone.
+import {deflateRawSync} from 'node:zlib';
 
 const black = 0x000000, white = 0xFFFFFF;
 
 /// A picture as rows of 0xRRGGBB.
 export function picture(width, height, color) {
-  return {width, height, at: Uint32Array.from({length: width * height}, (_, i) => color(i % width, Math.floor(i / width)))};
+  const at = Uint32Array.from({length: width * height}, (_, i) => color(i % width, Math.floor(i / width)));
+  return {width, height, at};
 }
 
 function bmp({width, height, at}) {
@@ -53,7 +54,7 @@ export function filesOf({items, background, target, times}) {
   return files;
 }
 
-/// A zip archive; `declared` replaces the size that it says its files have.
+/// A zip archive without check sums; `declared` replaces the size that it says its files have.
 export function zip(files, declared) {
   const local = [], central = [];
   let offset = 0;
@@ -62,7 +63,7 @@ export function zip(files, declared) {
     const header = Buffer.alloc(30), entry = Buffer.alloc(46);
     for (const [into, at] of [[header, 4], [entry, 6]]) {
       [20, 0x800, 8].forEach((field, i) => into.writeUInt16LE(field, at + 2 * i));
-      [crc?.(bytes) ?? 0, packed.length, declared ?? bytes.length].forEach((f, i) => into.writeUInt32LE(f, at + 10 + 4 * i));
+      [packed.length, declared ?? bytes.length].forEach((field, i) => into.writeUInt32LE(field, at + 14 + 4 * i));
       into.writeUInt16LE(path.length, at + 22);
     }
     header.writeUInt32LE(0x04034B50);

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
-// The page: windows, controls and boxes as elements, and what the player does with them as events. Only shows and reports;
-// page.h says what each function is asked for.
+// The page: windows, controls and boxes as elements, and what the player does with them as events. It only shows and
+// reports; page.h says what each function is asked for.
 const page = (() => {
   const kinds = ['surface', 'button', 'label', 'link', 'image', 'press', 'list', 'line', 'shape'];
-  const E = Object.fromEntries(['moved', 'move', 'press', 'release', 'lose', 'click', 'command', 'select', 'choose',
-    'enter', 'escape', 'function', 'accessKey', 'focus', 'close', 'boxClosed'].map((name, number) => [name, number]));
+  const Events = Object.fromEntries(['moved', 'move', 'press', 'release', 'lose', 'click', 'command', 'select',
+    'choose', 'enter', 'escape', 'function', 'accessKey', 'focus', 'close', 'boxClosed']
+    .map((name, number) => [name, number]));
+  const requests = {nextEvent: 0, openFile: 1, decode: 2, replaceFile: 3};
   const windows = new Map();   // by number, innermost last; boxes among them
   const controls = new Map();  // by number
   const byElement = new WeakMap();
@@ -84,7 +86,8 @@ const page = (() => {
     try {
       // A mask for transparency in a bitmap's header: the game's bitmaps have none.
       if (bytes[0] === 0x42 && bytes[1] === 0x4D && bytes[14] >= 56) bytes.fill(0, 66, 70);
-      const image = await createImageBitmap(new Blob([bytes]), {colorSpaceConversion: 'none', premultiplyAlpha: 'none'});
+      const options = {colorSpaceConversion: 'none', premultiplyAlpha: 'none'};
+      const image = await createImageBitmap(new Blob([bytes]), options);
       const isSmall = image.width <= 512 && image.height <= 512;
       const context = isSmall ? decoding : newContext(image.width, image.height);
       context.globalCompositeOperation = 'copy';
@@ -102,9 +105,9 @@ const page = (() => {
   }
 
   function awaitRequest(request, data, size, result, answer) {
-    if (request === 0) return nextEvent(size, result, answer);
-    if (request === 2) return decode(bytesAt(data, size), result).then(answer);
-    if (request === 3) return replaceFile(data, size).then(answer);
+    if (request === requests.nextEvent) return nextEvent(size, result, answer);
+    if (request === requests.decode) return decode(bytesAt(data, size), result).then(answer);
+    if (request === requests.replaceFile) return replaceFile(data, size).then(answer);
     const file = files.open(UTF8ToString(data));
     if (file instanceof Promise) return file.then((bytes) => answer(give(result, bytes)));
     answer(give(result, file));
@@ -148,7 +151,7 @@ const page = (() => {
     const window = {number, modal, focused: 0, buttons: 0, width: 0, scale: 1, left: 0, top: 0};
     if (modal) {
       Object.assign(window,
-        makeDialog(number, 'window', '', () => report(E.close, number), () => report(E.escape, number)));
+        makeDialog(number, 'window', '', () => report(Events.close, number), () => report(Events.escape, number)));
     } else {
       Object.assign(window, {frame: find('game'), heading: find('caption')});
     }
@@ -214,7 +217,7 @@ const page = (() => {
     const origin = originOf(window);
     const x = Math.round(origin.x / window.scale);
     const y = Math.round(origin.y / window.scale);
-    if (x !== window.left || y !== window.top) report(E.moved, window.number, {x, y});
+    if (x !== window.left || y !== window.top) report(Events.moved, window.number, {x, y});
     Object.assign(window, {left: x, top: y});
   }
 
@@ -317,8 +320,8 @@ const page = (() => {
       const index = wanted === null ? -1 : lines(text).indexOf(wanted);
       wanted = null;
       if (index < 0) return;
-      report(E.select, control.owner.number, {control: control.number, detail: index});
-      report(E.enter, control.owner.number);
+      report(Events.select, control.owner.number, {control: control.number, detail: index});
+      report(Events.enter, control.owner.number);
     },
     function picture({element}, text) {
       if (!text) return;
@@ -338,7 +341,7 @@ const page = (() => {
         button.textContent = name;
         button.title = key;
         button.setAttribute('aria-keyshortcuts', key);
-        button.onclick = () => report(E.command, owner.number, {control: number, detail});
+        button.onclick = () => report(Events.command, owner.number, {control: number, detail});
       }
     },
   ];
@@ -417,9 +420,9 @@ const page = (() => {
 
   function listenToList({element, number, owner}) {
     const selected = (kind) => report(kind, owner.number, {control: number, detail: element.selectedIndex});
-    element.onchange = () => selected(E.select);
+    element.onchange = () => selected(Events.select);
     element.ondblclick = () => {
-      if (element.selectedIndex >= 0) selected(E.choose);
+      if (element.selectedIndex >= 0) selected(Events.choose);
     };
   }
 
@@ -437,18 +440,18 @@ const page = (() => {
     root.addEventListener('contextmenu', (event) => event.preventDefault());
     root.addEventListener('focusin', (event) => {
       window.focused = byElement.get(event.target)?.number || 0;
-      report(E.focus, number);
+      report(Events.focus, number);
     });
     root.addEventListener('click', (event) => {
       const button = event.target.closest('button');
       // The pointer's clicks on images and links are told by its presses; others come from assistive technology.
       const pressed = button || event.detail === 0 && event.target.closest('.press, .link');
-      if (pressed) report(E.click, number, {control: byElement.get(pressed).number});
+      if (pressed) report(Events.click, number, {control: byElement.get(pressed).number});
     });
   }
 
   function lose(window) {
-    if (window.buttons) report(E.lose, window.number);
+    if (window.buttons) report(Events.lose, window.number);
     window.buttons = 0;
   }
 
@@ -471,15 +474,15 @@ const page = (() => {
       return {control: area ? area.number : 0, x: x - origin.x, y: y - origin.y, shift};
     };
     const passed = isMove && event.getCoalescedEvents ? event.getCoalescedEvents() : [];
-    if (isMove) for (const each of passed.length ? passed : [event]) report(E.move, number, at(each));
+    if (isMove) for (const each of passed.length ? passed : [event]) report(Events.move, number, at(each));
     const changed = (window.buttons ^ event.buttons) & 7;
     if (!changed) return;
     window.buttons = event.buttons & 7;
     // A finger or a pen comes from nowhere: what it presses must be current first.
-    if (event.pointerType !== 'mouse' && window.buttons) report(E.move, number, at(event));
+    if (event.pointerType !== 'mouse' && window.buttons) report(Events.move, number, at(event));
     if (event.type === 'pointerdown') element.setPointerCapture(event.pointerId);
-    for (const detail of [1, 2, 4])
-      if (changed & detail) report(window.buttons & detail ? E.press : E.release, number, {...at(event), detail});
+    for (const detail of [1, 2, 4].filter((button) => changed & button))
+      report(window.buttons & detail ? Events.press : Events.release, number, {...at(event), detail});
   }
 
   function handleKey(event) {
@@ -490,12 +493,12 @@ const page = (() => {
     const functionKey = /^F([1-9])$/.exec(event.key);
     const known = functionKey && find('commands').querySelector(`[aria-keyshortcuts="${event.key}"]`);
     const letter = /^[a-z]$/i.test(event.key) ? event.key.toLowerCase() : event.code.replace(/^Key/, '').toLowerCase();
-    if (event.key === 'Enter' && isInside && event.target.className !== 'close') report2(E.enter);
-    else if (event.key === 'Escape' && isInside) report2(E.escape);
-    else if (known) report2(E.function, {detail: Number(functionKey[1])});
+    if (event.key === 'Enter' && isInside && event.target.className !== 'close') take(Events.enter);
+    else if (event.key === 'Escape' && isInside) take(Events.escape);
+    else if (known) take(Events.function, {detail: Number(functionKey[1])});
     else if (event.altKey && !event.ctrlKey && window.root.querySelector(`[data-key="${CSS.escape(letter)}"]`))
-      report2(E.accessKey, {text: letter});
-    function report2(kind, fields) {
+      take(Events.accessKey, {text: letter});
+    function take(kind, fields) {
       event.preventDefault();
       report(kind, window.number, fields);
     }
@@ -504,7 +507,7 @@ const page = (() => {
   // Boxes
 
   function openBox(number, text, title, icon, mostTyped) {
-    const answer = (typed) => report(E.boxClosed, number, {text: typed});
+    const answer = (typed) => report(Events.boxClosed, number, {text: typed});
     const {frame} = makeDialog(number, 'box', title, () => answer(null));
     windows.set(number, {number, modal: true, frame});
     const body = make('div', 'message ' + ['', 'critical', 'exclamation', 'information'][icon], frame);
@@ -543,7 +546,7 @@ const page = (() => {
     const window = front();
     if (!window || window.modal) return;
     wanted = theme;
-    report(E.function, window.number, {detail: 3});
+    report(Events.function, window.number, {detail: 3});
   }
 
   function say(text) { find('status').textContent = text; }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The theme's files: those that the site has, one archive for each theme, and those that the player dropped on the page and
-// the best times, which the browser keeps. The program's own file system holds only the names.
+// The themes' files: those that the site has, one archive for each theme, and those that the player dropped on the page
+// and the best times, which the browser keeps. The program's own file system holds only the names.
 const files = (() => {
   const root = '/themes/';
   const mostFiles = 1000;
@@ -209,7 +209,8 @@ const files = (() => {
   // stays.
   async function add(theme, listed) {
     for (const name of [theme, ...listed.keys()])
-      if (!name || /^\.\.?$|[/\\\x00-\x1F]/.test(name) || name.length > 200) throw new Error('a name that cannot be kept');
+      if (!name || name.length > 200 || /^\.\.?$|[/\\\x00-\x1F]/.test(name))
+        throw new Error('a name that cannot be kept');
     const sizes = [...listed.values()].reduce((sum, {size}) => sum + size, 0);
     if (listed.size > mostFiles || sizes > mostBytes) throw new Error('too large');
     const content = [];
