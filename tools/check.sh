@@ -15,7 +15,7 @@ core="src/base src/forms src/game src/themes src/highscores src/ui src/startup s
 
 # shellcheck disable=SC2086  # a list of paths
 complain "The core knows no toolkit and no system:" \
-  "$(grep -rnE '#include <(Q[A-Z]|windows|X11|unistd|sys/|fcntl)|#include "platform/(qt|win32|headless|posix)/' $core)"
+  "$(grep -rnE '#include <(Q[A-Z]|windows|X11|unistd|sys/|fcntl)|#include "platform/(qt|win32|web|headless|posix)/' $core)"
 # shellcheck disable=SC2086
 complain "No platform #ifdef outside the front ends:" "$(grep -rnE '^ *# *if(def)?.*(_WIN32|__linux__|__unix__)' $core)"
 complain "Windows is known to its own front end only:" \
@@ -40,20 +40,28 @@ if [ "${1-}" != --architecture ]; then
   # shellcheck disable=SC2046  # file names without blanks
   complain "Not formatted (clang-format -i mends it):" \
     "$(clang-format --dry-run $(git ls-files '*.h' '*.cpp') 2>&1 | grep -oE '^[^:]+:[0-9]+' | sort -u)"
-  # lint BUILD FILTER [ARGUMENT...]: what clang-tidy finds in those sources, a few files at a time on every processor.
+  # lint BUILD FILTER FRONT-END [ARGUMENT...]: what clang-tidy finds in those sources, a few files at a time on every
+  # processor.
   lint() {
     build=build/$1
-    files=$2
-    shift 2
-    git ls-files 'src/*.cpp' | grep $files '^src/platform/win32/' |
+    filter=$2
+    folders="^src/platform/($3)/"
+    shift 3
+    git ls-files 'src/*.cpp' | grep $filter "$folders" |
       xargs -P "$(nproc)" -n 3 clang-tidy --quiet -p "$build" "$@" 2>/dev/null |
       grep -E '(warning|error):' | sort -u
   }
-  complain "Lint:" "$(lint lint -v)"
+  complain "Lint:" "$(lint lint -vE 'win32|web')"
   headers=$($mingw -print-file-name=include/c++)
-  complain "Lint of the front end for Windows:" "$(lint lint-windows -e \
+  complain "Lint of the front end for Windows:" "$(lint lint-windows -E win32 \
     --extra-arg=--target=x86_64-w64-windows-gnu \
     --extra-arg=-stdlib++-isystem"$headers" --extra-arg=-stdlib++-isystem"$headers/x86_64-w64-mingw32")"
+  emscripten=/usr/share/emscripten/cache/sysroot
+  if [ -e build/web-objects/compile_commands.json ] && [ -e $emscripten ]; then
+    complain "Lint of the front end for browsers:" "$(lint web-objects -E web \
+      --extra-arg=--target=wasm32-unknown-emscripten --extra-arg=--sysroot=$emscripten \
+      --extra-arg=-isystem$emscripten/include/c++/v1 --extra-arg=-isystem$emscripten/include/compat)"
+  fi
   complain "Built without a protection that cmake/hardening.cmake asks for:" "$(
     # expect FILE WHAT COMMAND...: says so unless the command's output has WHAT (an extended regular expression).
     expect() {

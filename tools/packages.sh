@@ -7,6 +7,10 @@ test_packages="bindfs clang clang-format clang-tidy libbenchmark-dev libclang-rt
 libxtst-dev locales xvfb openbox xdotool x11-utils pulseaudio pulseaudio-utils dbus at-spi2-core libatspi2.0-dev
 qt6-wayland weston wine wine64"
 windows_packages="g++-mingw-w64-x86-64-win32 g++-mingw-w64-i686-win32"
+web_packages="cmake ninja-build emscripten python3"
+web_test_packages="chromium firefox-esr nodejs fonts-liberation fonts-inter"
+# npm comes with some versions of nodejs.
+command -v npm >/dev/null || web_test_packages="$web_test_packages npm"
 
 # need PACKAGE...: makes sure that these are installed.
 need() {

@@ -15,7 +15,7 @@ void CopyRow(Pixel* to, const Pixel* from, int count) {
 }  // namespace
 
 bool IsOpaque(const Bitmap& bitmap) {
-  return std::ranges::all_of(bitmap.Pixels(), [](Pixel pixel) { return pixel >= kBlack; });
+  return std::all_of(bitmap.Pixels().begin(), bitmap.Pixels().end(), [](Pixel pixel) { return pixel >= kBlack; });
 }
 
 void CopySurface(Bitmap& dest, const Bitmap& source, const Rectangle& clip) {

@@ -3,10 +3,10 @@
 #include "base/numbers.h"
 
 #include <array>
-#include <charconv>
 #include <clocale>
 #include <cmath>
 #include <cstdio>
+#include <cstdlib>
 #include <limits>
 
 #include "base/runtime_error.h"
@@ -56,16 +56,12 @@ Integer ToInteger(double value) { return Checked<Integer>(value); }
 Long ToLong(double value) { return Checked<Long>(value); }
 
 double LeadingNumber(std::string_view text) {
-  std::string_view number = NumberPrefix(WithoutLeadingBlanks(text));
-  if (!number.empty() && number.front() == '+') number.remove_prefix(1);
-  double value = 0;
-  const auto [end, error] =
-      std::from_chars(number.data(), number.data() + number.size(), value, std::chars_format::fixed);
-  if (error != std::errc::result_out_of_range) return value;
-  // Underflow or overflow of double.
-  const bool isSmall = number.substr(0, number.find('.')).find_first_of("123456789") == std::string_view::npos;
-  const double magnitude = isSmall ? 0 : std::numeric_limits<double>::infinity();
-  return number.front() == '-' ? -magnitude : magnitude;
+  const std::string_view number = NumberPrefix(WithoutLeadingBlanks(text));
+  // Not std::from_chars, which not every standard library has for floating-point numbers.
+  std::string digits(number);
+  if (const std::size_t at = digits.find('.'); at != std::string::npos)
+    digits.replace(at, 1, std::localeconv()->decimal_point);
+  return std::strtod(digits.c_str(), nullptr);
 }
 
 bool IsNumber(std::string_view text) {

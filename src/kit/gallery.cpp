@@ -65,13 +65,30 @@ std::string Row(int item, const ItemProof& proof) {
   return row + "</tr>\n";
 }
 
-std::string Section(int number, const GalleryTheme& shown) {
+// A part of an address.
+std::string Encoded(const std::string& text) {
+  constexpr char plain[] = "-._~0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
+  std::string encoded;
+  for (const char c : text) {
+    char escape[4];
+    std::snprintf(escape, sizeof escape, "%%%02X", static_cast<unsigned char>(c));
+    encoded += std::string_view(plain).find(c) == std::string_view::npos ? escape : std::string(1, c);
+  }
+  return encoded;
+}
+
+std::string PlayLink(const std::string& folder, const std::string& name) {
+  const std::string archive = JoinPath(folder, "play/themes/" + name + ".zip");
+  return PathExists(archive) ? "<p><a href=\"play/index.html?theme=" + Encoded(name) + "\">Play</a></p>\n" : "";
+}
+
+std::string Section(int number, const GalleryTheme& shown, const std::string& link) {
   const Size size = shown.theme->background->Pixels().Extent();
   const std::string name = Escaped(shown.name);
   const std::string file = std::to_string(number);
   std::string section =
       "<section>\n<h2>" + name + "</h2>\n<p>" + Escaped(shown.theme->details.description) + "</p>\n<p>" +
-      Escaped(shown.theme->details.date) + "</p>\n" + Figure(file + ".png", name + " as a game begins", size) +
+      Escaped(shown.theme->details.date) + "</p>\n" + link + Figure(file + ".png", name + " as a game begins", size) +
       Figure(file + "-ways.png", name + ": the ways of its items to the target", size) + "<table>\n" + kColumns;
   for (std::size_t i = 0; i < shown.proofs.size(); ++i) section += Row(static_cast<int>(i), shown.proofs[i]);
   return section + "</table>\n</section>\n";
@@ -100,14 +117,11 @@ std::string DescribeWay(const Journey& journey) {
 
 std::string DescribeRoom(int room) { return std::to_string(room) + (room == kMostRoom ? " or more" : ""); }
 
-std::string GalleryPage(std::span<const GalleryTheme> themes) {
-  std::string page = kHead;
-  for (std::size_t i = 0; i < themes.size(); ++i) page += Section(static_cast<int>(i + 1), themes[i]);
-  return page + "</body>\n</html>\n";
-}
-
 void WriteGallery(const std::string& folder, std::span<const GalleryTheme> themes) {
-  SaveFile(JoinPath(folder, "index.html"), GalleryPage(themes));
+  std::string page = kHead;
+  for (std::size_t i = 0; i < themes.size(); ++i)
+    page += Section(static_cast<int>(i + 1), themes[i], PlayLink(folder, themes[i].name));
+  SaveFile(JoinPath(folder, "index.html"), page + "</body>\n</html>\n");
   for (std::size_t i = 0; i < themes.size(); ++i) {
     const std::string path = JoinPath(folder, std::to_string(i + 1));
     SaveFile(path + ".png", EncodePng(DrawPreview(*themes[i].theme)));

@@ -17,11 +17,9 @@ struct GalleryTheme {
   std::vector<ItemProof> proofs;  ///< of its items
 };
 
-/// The page. Theme n's pictures are the files n.png and n-ways.png beside it, counted from 1.
-std::string GalleryPage(std::span<const GalleryTheme> themes);
-
-/// Writes the page, as index.html, and its pictures into `folder`, which is made. Throws PathAccessError (75) when that
-/// cannot be done.
+/// Writes the page, as index.html, and its pictures into `folder`, which is made: n.png and n-ways.png of theme n, from
+/// 1. If the game's page for browsers lies in the folder "play" in it, the themes that are there have links to it.
+/// Throws PathAccessError (75) when that cannot be done.
 void WriteGallery(const std::string& folder, std::span<const GalleryTheme> themes);
 
 /// One line on how an item gets to the target, or why it does not: "inside the field".

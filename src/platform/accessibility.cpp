@@ -11,7 +11,9 @@ std::vector<Control*> ReadingOrder(const Form& form, const PictureBox* container
   std::vector<Control*> order;
   for (Control* control : form.Controls)
     if (control->Container == container) order.push_back(control);
-  std::ranges::stable_sort(order, {}, [](const Control* control) { return std::tuple(control->Top, control->Left); });
+  std::stable_sort(order.begin(), order.end(), [](const Control* a, const Control* b) {
+    return std::tie(a->Top, a->Left) < std::tie(b->Top, b->Left);
+  });
   return order;
 }
 

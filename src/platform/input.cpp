@@ -40,7 +40,7 @@ bool Runs(const Timer& timer) { return timer.Enabled && timer.Interval > 0; }
 }  // namespace
 
 Control* WindowlessControlAt(const Form& form, const PictureBox* surface, float x, float y) {
-  const auto hit = std::ranges::find_if(form.Controls, [&](const Control* control) {
+  const auto hit = std::find_if(form.Controls.begin(), form.Controls.end(), [&](const Control* control) {
     const bool windowless =
         dynamic_cast<const Label*>(control) != nullptr || dynamic_cast<const Image*>(control) != nullptr;
     return windowless && control->Visible && control->Container == surface &&
@@ -99,9 +99,9 @@ void PointerInput::Lose() {
 
 std::vector<Control*> TabOrder(const Form& form) {
   std::vector<Control*> order;
-  std::ranges::copy_if(form.Controls, std::back_inserter(order),
-                       [](const Control* control) { return control->TabIndex >= 0 && IsShown(*control); });
-  std::ranges::sort(order, {}, &Control::TabIndex);
+  std::copy_if(form.Controls.begin(), form.Controls.end(), std::back_inserter(order),
+               [](const Control* control) { return control->TabIndex >= 0 && IsShown(*control); });
+  std::sort(order.begin(), order.end(), [](const Control* a, const Control* b) { return a->TabIndex < b->TabIndex; });
   return order;
 }
 
@@ -109,7 +109,7 @@ Control* NextInTabOrder(const Form& form, const Control* focus, bool forward) {
   const std::vector<Control*> order = TabOrder(form);
   if (order.empty()) return nullptr;
   const auto count = static_cast<std::ptrdiff_t>(order.size());
-  const auto place = std::ranges::find(order, focus) - order.begin();
+  const auto place = std::find(order.begin(), order.end(), focus) - order.begin();
   return order[static_cast<std::size_t>(place == count ? 0 : (place + (forward ? 1 : count - 1)) % count)];
 }
 
@@ -133,15 +133,16 @@ CommandButton* ButtonForEscape(const Form& form) {
 }
 
 bool ClosesByEnterAndEscape(const Form& form) {
-  return std::ranges::none_of(
-      form.Controls, [](const Control* control) { return dynamic_cast<const CommandButton*>(control) != nullptr; });
+  return std::none_of(form.Controls.begin(), form.Controls.end(),
+                      [](const Control* control) { return dynamic_cast<const CommandButton*>(control) != nullptr; });
 }
 
 const Command* CommandForFunctionKey(const Form& form, int key) {
   for (const Control* control : form.Controls) {
     const auto* image = dynamic_cast<const Image*>(control);
     if (image == nullptr) continue;
-    const auto command = std::ranges::find(image->Commands, key, &Command::FunctionKey);
+    const auto command = std::find_if(image->Commands.begin(), image->Commands.end(),
+                                      [key](const Command& each) { return each.FunctionKey == key; });
     if (command != image->Commands.end()) return &*command;
   }
   return nullptr;
@@ -150,8 +151,8 @@ const Command* CommandForFunctionKey(const Form& form, int key) {
 Control* FocusAfter(const Form& form, const Control& gone) {
   const std::vector<Control*> order = TabOrder(form);
   if (order.empty()) return nullptr;
-  const auto after =
-      std::ranges::find_if(order, [&](const Control* control) { return control->TabIndex >= gone.TabIndex; });
+  const auto after = std::find_if(order.begin(), order.end(),
+                                  [&](const Control* control) { return control->TabIndex >= gone.TabIndex; });
   return after == order.begin() ? order.front() : *std::prev(after);
 }
 

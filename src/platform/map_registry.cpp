@@ -33,7 +33,8 @@ char Lowered(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' +
 }  // namespace
 
 bool MapRegistry::LessIgnoringCase::operator()(const std::string& a, const std::string& b) const {
-  return std::ranges::lexicographical_compare(a, b, {}, Lowered, Lowered);
+  return std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end(),
+                                      [](char x, char y) { return Lowered(x) < Lowered(y); });
 }
 
 const MapRegistry::OpenKey* MapRegistry::Find(RegistryKey key) const {
@@ -90,7 +91,7 @@ Long MapRegistry::Query(RegistryKey key, const std::string& name, std::uint32_t&
   type = value.type;
   if (data == nullptr) return kSuccess;
   if (room < value.bytes.size()) return kMoreData;
-  std::ranges::copy(value.bytes, static_cast<char*>(data));
+  std::copy(value.bytes.begin(), value.bytes.end(), static_cast<char*>(data));
   return kSuccess;
 }
 

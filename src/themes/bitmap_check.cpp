@@ -56,7 +56,7 @@ bool IsDepth(const Header& header) {
   if (header.compression == kRle8) return header.bitsPerPixel == 8;
   if (header.compression == kRle4) return header.bitsPerPixel == 4;
   constexpr std::uint32_t depths[] = {1, 4, 8, 16, 24, 32};
-  return std::ranges::find(depths, header.bitsPerPixel) != std::end(depths);
+  return std::find(std::begin(depths), std::end(depths), header.bitsPerPixel) != std::end(depths);
 }
 
 // nullopt if the bytes hold no header, or one with sizes out of range.

@@ -100,7 +100,9 @@ class PictureReader {
 
   // The smallest first: the decoder may still refuse one.
   void Decode() {
-    std::ranges::stable_sort(checked_, {}, [](const Checked& bitmap) { return PixelsOf(bitmap.declared.size); });
+    std::stable_sort(checked_.begin(), checked_.end(), [](const Checked& a, const Checked& b) {
+      return PixelsOf(a.declared.size) < PixelsOf(b.declared.size);
+    });
     for (const Checked& bitmap : checked_) {
       std::optional<Bitmap> pixels = DecodeFile(bitmap);
       if (pixels)
@@ -161,7 +163,8 @@ class PictureReader {
       if (!file.ReadNext(std::size_t{declared.rowBytes} * static_cast<std::size_t>(rows))) return std::nullopt;
       std::optional<Bitmap> strip = DecodeBytes(BitmapOfRows(headers, rows, file.Bytes()), {width, rows});
       if (!strip || rows == height) return strip;
-      std::ranges::copy(strip->Pixels(), whole.Row(declared.topDown ? done : height - done - rows));
+      std::copy(strip->Pixels().begin(), strip->Pixels().end(),
+                whole.Row(declared.topDown ? done : height - done - rows));
     }
     return whole;
   }

@@ -53,7 +53,10 @@ TEST(Numbers, AreWrittenWithAPeriodAndNoTrailingZeros) {
 #endif
   ASSERT_NE(locale, nullptr);
   EXPECT_STREQ(std::localeconv()->decimal_point, ",");
-  for (const auto& [value, text] : cases) EXPECT_EQ(NumberText(value), text) << "where the separator is a comma";
+  for (const auto& [value, text] : cases) {
+    EXPECT_EQ(NumberText(value), text) << "where the separator is a comma";
+    EXPECT_EQ(LeadingNumber(text), value) << "where the separator is a comma";
+  }
   std::setlocale(LC_NUMERIC, "C");
 }
 

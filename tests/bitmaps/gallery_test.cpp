@@ -25,12 +25,23 @@ TEST(Gallery, ShowsThemesWithoutTrustingThem) {
   theme.items.ItemX(0) = theme.items.ItemY(0) = 8;
 
   const TempFolder folder;
-  const GalleryTheme shown[] = {{"a<b> \"\xE9\"", &theme, {ProveItem(theme, 0)}}};
+  const GalleryTheme shown[] = {{"a<b> \"\xE9\"", &theme, {ProveItem(theme, 0)}},
+                                {"Gl\xC3\xBC"
+                                 "ck & 1",
+                                 &theme,
+                                 {}}};
+  WriteFile(folder.Path() / "new" / "web" / "play" / "themes" /
+                "Gl\xC3\xBC"
+                "ck & 1.zip",
+            "");
   WriteGallery((folder.Path() / "new" / "web").string(), shown);
   const std::string page = ReadWholeFile(folder.Path() / "new" / "web" / "index.html");
   EXPECT_NE(page.find("a&lt;b&gt; &quot;\xC3\xA9&quot;"), page.npos);
   EXPECT_NE(page.find("inside the field"), page.npos);
   EXPECT_NE(page.find("255 or more"), page.npos);
+  const std::size_t link = page.find("<a href=\"play/index.html?theme=Gl%C3%BCck%20%26%201\">");
+  EXPECT_NE(link, page.npos) << "the page for browsers has this theme";
+  EXPECT_EQ(page.find("<a "), link) << "and no other";
   for (const char* foreign : {"<script", "http:", "https:", "//", "\xE9\""}) EXPECT_EQ(page.find(foreign), page.npos);
   EXPECT_EQ(ReadPng(folder.Path() / "new" / "web" / "1.png"), DrawPreview(theme));
   const Bitmap ways = ReadPng(folder.Path() / "new" / "web" / "1-ways.png");
