@@ -24,3 +24,6 @@ configure_file(packaging/linux/sorvex.in packaging/sorvex @ONLY)
 install(PROGRAMS ${CMAKE_BINARY_DIR}/packaging/sorvex DESTINATION games)
 install(CODE "file(CREATE_LINK ../${SORVEX_PRIVATE}/tools/sorvex-theme
   \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/games/sorvex-theme\" SYMBOLIC)")
+
+include(cmake/desktop_files.cmake)
+include(cmake/packages.cmake)
