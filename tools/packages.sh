@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# Sourced by run.sh and test.sh: installs the Debian packages that are missing, and says nothing when none is.
+# Sourced by run.sh, test.sh and packaging/build.sh: installs the Debian packages that are missing, and says nothing when none is.
 
 play_packages="g++ cmake ninja-build qt6-base-dev qt6-multimedia-dev libcli11-dev libtomlplusplus-dev librsvg2-dev
 pkg-config fonts-liberation fonts-inter"
@@ -7,6 +7,8 @@ test_packages="bindfs clang clang-format clang-tidy libbenchmark-dev libclang-rt
 libxtst-dev locales xvfb openbox xdotool x11-utils pulseaudio pulseaudio-utils dbus at-spi2-core libatspi2.0-dev
 qt6-wayland weston wine wine64"
 windows_packages="g++-mingw-w64-x86-64-win32 g++-mingw-w64-i686-win32"
+package_packages="dpkg-dev fonts-liberation fonts-inter nsis patchelf qt6-wayland xz-utils zip"
+package_test_packages="appstream desktop-file-utils imagemagick lintian mmdebstrap openbox wine wine64 x11-utils xdotool xvfb"
 
 # need PACKAGE...: makes sure that these are installed.
 need() {
