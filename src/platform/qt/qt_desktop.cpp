@@ -91,6 +91,9 @@ QtDesktop::QtDesktop(int& argc, char** argv)
       registry_(MakeStoredRegistry()),
       sessionEnd_(std::make_unique<SessionEnd>(*this)),
       signals_([this] { EndSession(); }) {
+  // Names the desktop entry, by which Wayland finds the icon; X11 goes by the window class, which is the program's
+  // name.
+  QGuiApplication::setDesktopFileName(QStringLiteral("sorvex"));
   patience_.setSingleShot(true);
   patience_.setTimerType(Qt::PreciseTimer);
   // Deliver every queued move.
