@@ -10,6 +10,7 @@ sha256sum --quiet -c SHA256SUMS
 work=$(mktemp -d)
 bare=$work/bare
 clean_up() {
+  [ $? = 0 ] || tail "$work/said" >&2 || true
   jobs -p | xargs -r kill 2>/dev/null || true
   umount "$bare/proc" 2>/dev/null || true
   rm -rf "$work"
@@ -92,10 +93,11 @@ player() {
 # story NAME COMMAND...: starts, plays a game, ends.
 story() {
   player "$@" &
+  local program=$!
   play_theme1 "$bare/home/$1/.local/share/sorvex/game/Theme1" "$1"
   [ "$(xprop -id "$(window "Sorvex - Theme1")" WM_CLASS)" = 'WM_CLASS(STRING) = "Sorvex", "Sorvex"' ] || fail "window class"
-  kill $!
-  wait $! || true
+  xdotool key alt+F4
+  wait $program
 }
 
 echo "The tarball, without Qt"
@@ -134,10 +136,11 @@ w wineboot -i
 w wine sorvex-*-windows-x86_64-setup.exe /S
 theirs=$(echo "$work"/wine/drive_c/users/*/AppData/Local/Programs/Sorvex)
 w wine "$theirs/Sorvex.exe" &
+program=$!
 play_theme1 "$theirs/Theme1" windows
 w wine sorvex-*-windows-x86_64-setup.exe /S && fail "the installer replaced a running program"
 w wineserver -k
-wait $! || true
+wait $program || true
 echo mine >"$theirs/Cabinet/ThemeDetails.ini"
 (mkdir "$work/files" && cd "$work/files" && cmake -E tar xf "$packages"/sorvex-*-windows-x86_64.zip)
 echo newer >"$work/files/Sorvex/Lagoon/LetGo.wav"

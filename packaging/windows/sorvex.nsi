@@ -60,7 +60,8 @@ Var Players  ; 1: the player's own
   ${EndIf}
 !macroend
 
-!macro Sound theme name
+; A file that stands for itself: a sound, or the table of times, which is the player's from the first one.
+!macro Single theme name
   StrCpy $Players 0
   !insertmacro Look "$OUTDIR\${name}"
   ${If} $Players = 0
@@ -88,13 +89,11 @@ Var Players  ; 1: the player's own
   ${If} $Players = 0
     File /x HighScores.ini /x *.wav "${FOLDER}/${theme}/*"
   ${EndIf}
-  !insertmacro Sound "${theme}" HitTube.wav
-  !insertmacro Sound "${theme}" LetGo.wav
-  !insertmacro Sound "${theme}" Pickup.wav
-  !insertmacro Sound "${theme}" PutInCont.wav
-  SetOverwrite off
-  File "${FOLDER}/${theme}/HighScores.ini"
-  SetOverwrite on
+  !insertmacro Single "${theme}" HitTube.wav
+  !insertmacro Single "${theme}" LetGo.wav
+  !insertmacro Single "${theme}" Pickup.wav
+  !insertmacro Single "${theme}" PutInCont.wav
+  !insertmacro Single "${theme}" HighScores.ini
 !macroend
 
 ; A program that runs cannot be replaced.
