@@ -34,7 +34,7 @@ if [ "${1-}" != --architecture ]; then
   for tool in clang-format clang-tidy $mingw; do
     command -v $tool >/dev/null || complain "A tool is missing (./test.sh installs it):" "$tool"
   done
-  for preset in lint lint-windows; do
+  for preset in lint windows-x86_64; do
     report=$(cmake --preset $preset 2>&1) || complain "The preset $preset cannot be configured:" "$report"
   done
   # shellcheck disable=SC2046  # file names without blanks
@@ -53,7 +53,7 @@ if [ "${1-}" != --architecture ]; then
   }
   complain "Lint:" "$(lint lint -vE 'win32|web')"
   headers=$($mingw -print-file-name=include/c++)
-  complain "Lint of the front end for Windows:" "$(lint lint-windows -E win32 \
+  complain "Lint of the front end for Windows:" "$(lint windows-x86_64 -E win32 \
     --extra-arg=--target=x86_64-w64-windows-gnu \
     --extra-arg=-stdlib++-isystem"$headers" --extra-arg=-stdlib++-isystem"$headers/x86_64-w64-mingw32")"
   emscripten=/usr/share/emscripten/cache/sysroot

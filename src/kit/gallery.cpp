@@ -78,8 +78,10 @@ std::string Encoded(const std::string& text) {
 }
 
 std::string PlayLink(const std::string& folder, const std::string& name) {
-  const std::string archive = JoinPath(folder, "play/themes/" + name + ".zip");
-  return PathExists(archive) ? "<p><a href=\"play/index.html?theme=" + Encoded(name) + "\">Play</a></p>\n" : "";
+  const auto archive = [&] { return JoinPath(folder, "play/themes/" + name + ".zip"); };
+  return IsValidUtf8(name) && PathExists(archive())
+             ? "<p><a href=\"play/index.html?theme=" + Encoded(name) + "\">Play</a></p>\n"
+             : "";
 }
 
 std::string Section(int number, const GalleryTheme& shown, const std::string& link) {

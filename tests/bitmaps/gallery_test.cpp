@@ -30,10 +30,7 @@ TEST(Gallery, ShowsThemesWithoutTrustingThem) {
                                  "ck & 1",
                                  &theme,
                                  {}}};
-  WriteFile(folder.Path() / "new" / "web" / "play" / "themes" /
-                "Gl\xC3\xBC"
-                "ck & 1.zip",
-            "");
+  WriteFile(folder.Path() / "new/web/play/themes" / u8"Gl\u00FCck & 1.zip", "");
   WriteGallery((folder.Path() / "new" / "web").string(), shown);
   const std::string page = ReadWholeFile(folder.Path() / "new" / "web" / "index.html");
   EXPECT_NE(page.find("a&lt;b&gt; &quot;\xC3\xA9&quot;"), page.npos);
