@@ -84,6 +84,7 @@ struct FaultySource {
 // clang-format off
 const FaultySource kFaultySources[] = {
     {"[target]", "[target", {":2: error: Error while parsing table header"}},
+    {"[target]", "[\ntarget]", {":2: error: Error while parsing key: expected bare key"}},
     {"bg.png", "\xFF", {":1: error: "}},
     {"background", "backround",
      {": error: the key 'background' is missing [source-key]", ":1: error: unknown key 'backround'; known are description"}},
