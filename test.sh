@@ -20,7 +20,10 @@ case "${1-}" in
   --packages)
     # shellcheck disable=SC2086  # a list of words
     need $package_test_packages
+    mkdir -p build
+    tests/bare_debian.sh build/bare-debian.tar &
     packaging/build.sh
+    wait $!
     exec tests/packages_test.sh build/packages
     ;;
   *)

@@ -1,7 +1,8 @@
 #!/bin/sh
 # SPDX-License-Identifier: MIT
 # Builds all packages into build/packages/, with their checksums: docs/installing.md. The same sources give the same bytes,
-# wherever and whenever they are built; the dates inside are those of the last commit, or SOURCE_DATE_EPOCH.
+# wherever and whenever they are built, whatever options were set there before; packaging/reproduce.sh checks it. The dates
+# inside are those of the last commit, or SOURCE_DATE_EPOCH.
 set -eu
 cd "$(dirname "$0")/.."
 . tools/packages.sh
@@ -18,7 +19,7 @@ mkdir -p "$work"
 # dated FOLDER: all in it is from that one moment.
 dated() { find "$1" -exec touch -h -d "@$SOURCE_DATE_EPOCH" {} +; }
 
-cmake --preset release
+cmake --fresh --preset release
 cmake --build --preset release
 version=$(sed -n 's/^CMAKE_PROJECT_VERSION:STATIC=//p' build/CMakeCache.txt)
 (cd build && cpack -B "$work/deb")
@@ -34,7 +35,7 @@ tar -C "$work" --sort=name --owner=0 --group=0 --numeric-owner --mtime="@$SOURCE
   xz -T2 >"$out/$name.tar.xz"
 
 for width in x86_64 i686; do
-  cmake --preset windows-$width
+  cmake --fresh --preset windows-$width -DSORVEX_WERROR=ON
   cmake --build --preset windows-$width --target Sorvex sorvex-theme
   folder=$work/$width/Sorvex
   cmake --install build/windows-$width --prefix "$folder"

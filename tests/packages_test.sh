@@ -77,11 +77,9 @@ desktop-file-validate "$work/deb/usr/share/applications/sorvex.desktop"
 appstreamcli validate --no-net "$work"/deb/usr/share/metainfo/*.xml >"$work/appstream" || fail "$(cat "$work/appstream")"
 
 echo "A bare Debian"
-tarball=$packages/../bare-debian.tar
-[ -e "$tarball" ] || mmdebstrap --quiet --variant=minbase --aptopt='APT::Sandbox::User "root"' bookworm "$tarball" \
-  "$(find /etc/apt/sources.list /etc/apt/sources.list.d -name '*.sources' -o -name '*.list' 2>/dev/null | head -n 1)"
+"$here/bare_debian.sh" "$packages/../bare-debian.tar"
 mkdir "$bare"
-tar -C "$bare" -xf "$tarball"
+tar -C "$bare" -xf "$packages/../bare-debian.tar"
 mount -t proc proc "$bare/proc"
 cp /etc/resolv.conf "$bare/etc/" 2>/dev/null || true
 # player NAME COMMAND...: as a user without rights, whose home is /home/NAME.
@@ -104,6 +102,18 @@ echo "The tarball, without Qt"
 tar -C "$bare/opt" -xf sorvex-*-linux-*.tar.xz
 story tarball sh -c 'exec /opt/sorvex-*/sorvex'
 player tarball sh -c '/opt/sorvex-*/games/sorvex-theme check /opt/sorvex-*/lib/sorvex/game/Lagoon' || fail "$(cat "$work/said")"
+
+echo "The tarball under Wayland, where there is a driver for EGL"
+mkdir -m 700 "$work/home" "$work/wayland"
+wayland() { env -i PATH="$PATH" HOME="$work/home" XDG_RUNTIME_DIR="$work/wayland" WAYLAND_DISPLAY=it "$@"; }
+wayland weston --backend=headless-backend.so --socket=it >"$work/weston" 2>&1 &
+weston=$!
+await test -S "$work/wayland/it"
+wayland WAYLAND_DEBUG=1 timeout 5 "$bare"/opt/sorvex-*/sorvex >"$work/said" 2>&1 || [ $? = 124 ] || fail "it does not start"
+kill $weston
+grep -q 'set_app_id("sorvex")' "$work/said" || fail "the desktop does not know whose window this is"
+# The play field and the buttons are 298 pixels high.
+[ "$(sed -n 's/.*set_window_geometry(.*, \([0-9]*\)).*/\1/p' "$work/said" | tail -n 1)" -gt 310 ] || fail "no title bar"
 
 echo "The Debian package"
 # in_debian COMMAND...
@@ -131,7 +141,6 @@ w() {
   env -i PATH="$PATH" HOME="$work/home" DISPLAY="$DISPLAY" WINEPREFIX="$work/wine" WINEDEBUG=-all \
     WINEDLLOVERRIDES=mscoree,mshtml= "$@" >>"$work/said" 2>&1
 }
-mkdir "$work/home"
 w wineboot -i
 w wine sorvex-*-windows-x86_64-setup.exe /S
 theirs=$(echo "$work"/wine/drive_c/users/*/AppData/Local/Programs/Sorvex)

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# Sourced by run.sh, test.sh and packaging/build.sh: installs the Debian packages that are missing, and says nothing when none is.
+# Sourced by the scripts that need Debian packages: installs those that are missing, and says nothing when none is.
 
 play_packages="g++ cmake ninja-build qt6-base-dev qt6-multimedia-dev libcli11-dev libtomlplusplus-dev librsvg2-dev
 pkg-config fonts-liberation fonts-inter"
@@ -12,7 +12,9 @@ web_test_packages="chromium firefox-esr nodejs fonts-liberation fonts-inter"
 # npm comes with some versions of nodejs.
 command -v npm >/dev/null || web_test_packages="$web_test_packages npm"
 package_packages="dpkg-dev fonts-liberation fonts-inter nsis patchelf qt6-wayland xz-utils zip"
-package_test_packages="appstream desktop-file-utils imagemagick lintian mmdebstrap openbox wine wine64 x11-utils xdotool xvfb"
+package_test_packages="appstream desktop-file-utils imagemagick lintian mmdebstrap openbox weston wine wine64
+x11-utils xdotool xvfb"
+picture_packages="ffmpeg imagemagick openbox xdotool xvfb"
 
 # need PACKAGE...: makes sure that these are installed.
 need() {

@@ -7,39 +7,42 @@ cd "$1/lib/sorvex"
 plugins=$(qtpaths6 --plugin-dir)
 mkdir -p qt/lib qt/licences qt/fonts
 
-# package_of FILE: the Debian package that has it.
-package_of() {
-  real=$(readlink -f "$1")
-  { dpkg -S "$real" 2>/dev/null || dpkg -S "${real#/usr}"; } | sed -n '1s/:.*//p'
-}
-# bring FILE TO: with its licence, unless it is of the C library, which stays the system's.
-bring() {
-  package=$(package_of "$1")
-  [ "$package" != libc6 ] || return 0
-  cp -L "$1" "$2"
-  cp "/usr/share/doc/$package/copyright" "qt/licences/$package"
-  # shellcheck disable=SC2016  # the dollar is dpkg's
-  dpkg-query -W -f '${source:Package} ${source:Version}\n' "$package" >>qt/sources
-}
+# bring FILE TO: notes it.
+bring() { printf '%s %s\n' "$(readlink -f "$1")" "$2/${1##*/}" >>to-bring; }
 
-for plugin in platforms/libqxcb.so platforms/libqwayland-generic.so wayland-shell-integration/libxdg-shell.so \
-  wayland-decoration-client/libbradient.so imageformats/libqgif.so imageformats/libqico.so imageformats/libqjpeg.so \
+# Under Wayland Qt draws a window's title bar itself, and only with the last of these plugins, which takes the system's
+# driver for EGL.
+wayland="platforms/libqwayland-generic.so wayland-shell-integration/libxdg-shell.so
+  wayland-decoration-client/libbradient.so wayland-graphics-integration-client/libqt-plugin-wayland-egl.so"
+for plugin in $wayland platforms/libqxcb.so imageformats/libqgif.so imageformats/libqico.so imageformats/libqjpeg.so \
   platforminputcontexts/libcomposeplatforminputcontextplugin.so \
   platforminputcontexts/libibusplatforminputcontextplugin.so; do
   mkdir -p "qt/plugins/${plugin%/*}"
-  bring "$plugins/$plugin" "qt/plugins/$plugin"
+  bring "$plugins/$plugin" "qt/plugins/${plugin%/*}"
 done
 programs="game/Sorvex game/libsorvex-sounds.so tools/sorvex-message tools/sorvex-theme"
-# shellcheck disable=SC2086  # a list of words
-ldd $programs qt/plugins/*/*.so | sed -n 's/.* => \(.*\) (.*/\1/p' | sort -u | while read -r library; do
-  bring "$library" "qt/lib/${library##*/}"
+# shellcheck disable=SC2046,SC2086  # lists of words
+ldd $programs $(cut -d ' ' -f 1 to-bring) | sed -n 's/.* => \(.*\) (.*/\1/p' | sort -u | while read -r library; do
+  bring "$library" qt/lib
 done
 for font in truetype/liberation/LiberationSans-Regular.ttf truetype/liberation/LiberationSans-Bold.ttf \
   truetype/liberation/LiberationSans-Italic.ttf truetype/liberation/LiberationSans-BoldItalic.ttf \
   opentype/inter/Inter-Black.otf; do
   bring "/usr/share/fonts/$font" qt/fonts
 done
-sort -u -o qt/sources qt/sources
+# dpkg searches all packages' lists, so it is asked once. It may know a file by its name without /usr.
+sed 's/ .*//; p; s,^/usr,,' to-bring | xargs -d '\n' dpkg -S 2>/dev/null | sed 's/:[^ ]*: / /; s/: / /; s, /usr/, /,' >packages ||
+  true
+while read -r file to; do
+  package=$(awk -v file="${file#/usr}" '$2 == file { print $1; exit }' packages)
+  # What is of the C library stays the system's.
+  [ "$package" != libc6 ] || continue
+  cp "$file" "$to"
+  cp "/usr/share/doc/$package/copyright" "qt/licences/$package"
+done <to-bring
+# shellcheck disable=SC2016  # the dollar is dpkg's
+(cd qt/licences && dpkg-query -W -f '${source:Package} ${source:Version}\n' -- *) | sort -u >qt/sources
+rm to-bring packages
 
 chmod 644 qt/lib/*
 patchelf --set-rpath '$ORIGIN' qt/lib/*
